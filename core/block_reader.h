@@ -1,0 +1,296 @@
+/// The frame in which every record reads itself: one block, line by line, keyword by keyword.
+///
+///     CBlockReader block(parser);
+///     while (block.NextLine())
+///     {
+///         block.Read(L"*CAMERA_NEAR", near);
+///         if (block.Is(L"*NODE_TM"))
+///             block.Load(node);
+///     }
+///
+/// Each test is made on its own, in the order it stands in, on the line as the tests before it left
+/// it: a matched keyword that was stripped is gone.
+#pragma once
+
+#include "core/file_io_object.h"
+#include "core/file_parser.h"
+#include "core/math_color.h"
+#include "core/math_vector3.h"
+#include "core/memory_manager.h"
+#include "core/numbers.h"
+#include "core/sys_string.h"
+#include "core/word_helpers.h"
+
+#include <limits>
+#include <span>
+#include <string_view>
+
+/// Levels of records that hold records of their own kind. Deeper ones are passed over, so that no
+/// text makes reading or destroying it run out of stack.
+inline constexpr unsigned MostNestedLevels = 1000;
+
+/// Reads the lines of one block and what stands in them.
+///
+/// Blocks that a line opened and nobody has read are passed over with everything in them, so that
+/// their lines are never taken for the block's own.
+class CBlockReader
+{
+  public:
+    /// Reads the block whose opening line the parser has just delivered.
+    /// newcallback: handed to the records that Load loads; may be null.
+    /// newenders: keywords that cannot stand inside this block. A line that opens a block with one shows that
+    /// a closing brace is missing: the block ends there and the line is left to be read again.
+    /// Without memory for a line the block counts as ended.
+    explicit CBlockReader(CFile_Parser* newparser, CFile_IOCallback* newcallback = nullptr,
+                          std::span<const std::wstring_view> newenders = {})
+        : parser(newparser), callback(newcallback), enders(newenders),
+          ownbuffer(static_cast<wchar_t*>(ObtainBlock(CFile_Parser::BlockLineCapacity * sizeof(wchar_t)))),
+          buffer(ownbuffer), rest(L"")
+    {
+    }
+
+    /// Reads a block inside another reader's, in the same line buffer; the other reader's line is then
+    /// empty.
+    explicit CBlockReader(CBlockReader& newouter)
+        : parser(newouter.parser), callback(newouter.callback), enders(newouter.enders), buffer(newouter.buffer),
+          rest(L"")
+    {
+        newouter.rest = L"";
+    }
+
+    CBlockReader(const CBlockReader&) = delete;
+    CBlockReader& operator=(const CBlockReader&) = delete;
+
+    ~CBlockReader()
+    {
+        ReleaseBlock(ownbuffer);
+    }
+
+    /// Moves to the block's next line; false once the block or the text has ended.
+    bool NextLine()
+    {
+        while (buffer != nullptr)
+        {
+            const std::size_t before = parser->GetOffset();
+            const bool isline = parser->GetBlockLine(buffer) == 1;
+            const long around = parser->GetBlockDepth() - (parser->OpensBlock() ? 1 : 0);
+            rest = buffer;
+            if (!isline)
+            {
+                // An inner block has ended, or this one, or the text, where the parser stands still.
+                if (around < depth || parser->GetOffset() == before)
+                    return false;
+                continue;
+            }
+            if (LeavesLine(before))
+                return false;
+            if (depth == UnknownDepth)
+                depth = around;
+            if (around <= depth)
+                return true;
+        }
+        return false;
+    }
+
+    /// Moves to the next line as the parser delivers it, whoever opened its block: the first closing line
+    /// ends the block. For lists that are read plainly.
+    bool NextPlainLine()
+    {
+        rest = L"";
+        if (buffer == nullptr)
+            return false;
+        const std::size_t before = parser->GetOffset();
+        if (parser->GetBlockLine(buffer) != 1 || LeavesLine(before))
+            return false;
+        rest = buffer;
+        return true;
+    }
+
+    /// Whether the line's first word is the keyword.
+    bool Is(std::wstring_view keyword) const
+    {
+        const wchar_t* at = rest;
+        for (const wchar_t character : keyword)
+            if (*at++ != character)
+                return false;
+        return *at == L'\0' || *at == L'{' || IsBlank(*at);
+    }
+
+    /// Whether the line's first word is the keyword, which is then removed with the blanks behind it.
+    bool Strip(std::wstring_view keyword)
+    {
+        if (!Is(keyword))
+            return false;
+        rest = SkipBlanks(rest + keyword.size());
+        return true;
+    }
+
+    /// Removes the first word and the blanks behind it; false when there is none.
+    bool StripWord()
+    {
+        const wchar_t* const end = FindWordEnd(rest);
+        const bool isword = end != rest;
+        rest = SkipBlanks(end);
+        return isword;
+    }
+
+    /// What is left of the line.
+    const wchar_t* GetRest() const
+    {
+        return rest;
+    }
+
+    CFile_Parser* GetParser() const
+    {
+        return parser;
+    }
+
+    CFile_IOCallback* GetCallback() const
+    {
+        return callback;
+    }
+
+    // Scan: reads a value from what is left of the line. What does not parse leaves its place alone,
+    // and so do the numbers behind it.
+
+    bool Scan(std::int32_t& value)
+    {
+        return ScanInteger(rest, value);
+    }
+
+    /// As a "%u"; where the format says "%d" for a field that is compared unsigned, use ScanSigned.
+    bool Scan(std::uint32_t& value)
+    {
+        return ScanInteger(rest, value);
+    }
+
+    bool ScanSigned(std::uint32_t& value)
+    {
+        std::int32_t number = 0;
+        if (!ScanInteger(rest, number))
+            return false;
+        value = static_cast<std::uint32_t>(number);
+        return true;
+    }
+
+    bool Scan(float& value)
+    {
+        return ScanFloat(rest, value);
+    }
+
+    bool Scan(CMath_Vector3& vector)
+    {
+        return Scan(vector.x) && Scan(vector.y) && Scan(vector.z);
+    }
+
+    /// Three components; the fourth stays.
+    bool Scan(CMath_Color& color)
+    {
+        return Scan(color.r) && Scan(color.g) && Scan(color.b);
+    }
+
+    /// The rest of the line, as it stands.
+    bool Scan(CSys_String& text)
+    {
+        return text.Write(L"%s", rest) == 1;
+    }
+
+    /// Reads what is behind the keyword, when the line begins with it.
+    template <class T> void Read(std::wstring_view keyword, T& value)
+    {
+        if (Strip(keyword))
+            Scan(value);
+    }
+
+    // ScanWord: the same for one number, and then its word is removed whether it parsed or not.
+
+    template <class T> void ScanWord(T& value)
+    {
+        const wchar_t* const word = rest;
+        Scan(value);
+        rest = word;
+        StripWord();
+    }
+
+    /// Reads three numbers word by word: one that does not parse leaves only its own component alone.
+    void ScanWords(CMath_Vector3& vector)
+    {
+        ScanWord(vector.x);
+        ScanWord(vector.y);
+        ScanWord(vector.z);
+    }
+
+    void ScanWords(CMath_Color& color)
+    {
+        ScanWord(color.r);
+        ScanWord(color.g);
+        ScanWord(color.b);
+    }
+
+    template <class T> void ReadWords(std::wstring_view keyword, T& value)
+    {
+        if (Strip(keyword))
+            ScanWords(value);
+    }
+
+    /// Reads an option word: its position among `names`. Another word leaves the value alone.
+    template <class T> void ReadOption(std::wstring_view keyword, T& value, std::span<const std::wstring_view> names)
+    {
+        if (!Strip(keyword))
+            return;
+        for (std::size_t i = 0; i < names.size(); ++i)
+            if (Is(names[i]))
+                value = static_cast<T>(i);
+    }
+
+    /// Has a record read the block that this line opened.
+    void Load(CFile_IOObject& record)
+    {
+        record.Load(parser, callback);
+    }
+
+    /// Appends a record to a list and has it read the block that this line opened; without memory for
+    /// it the block is passed over.
+    template <class TList> void LoadNew(TList& list)
+    {
+        if (auto* record = list.Add())
+            Load(*record);
+    }
+
+    /// The same for records that hold records of their own kind, which Load themselves with the number of
+    /// such records around them. Those nested too deep are not added.
+    template <class TList> void LoadNested(TList& list, unsigned level)
+    {
+        if (level >= MostNestedLevels)
+            parser->Report(2, L"blocks nested deeper than %u levels are passed over", MostNestedLevels);
+        else if (auto* record = list.Add())
+            record->LoadNested(parser, callback, level + 1);
+    }
+
+  private:
+    static constexpr long UnknownDepth = std::numeric_limits<long>::max();
+
+    /// Whether the line in the buffer belongs outside this block; it is then left to be read again.
+    bool LeavesLine(std::size_t offset)
+    {
+        if (!parser->OpensBlock())
+            return false;
+        rest = buffer;
+        for (const std::wstring_view ender : enders)
+            if (Is(ender))
+            {
+                parser->SetOffset(offset);
+                rest = L"";
+                return true;
+            }
+        return false;
+    }
+
+    CFile_Parser* parser;
+    CFile_IOCallback* callback;
+    std::span<const std::wstring_view> enders;
+    wchar_t* ownbuffer = nullptr;
+    wchar_t* buffer;
+    const wchar_t* rest;
+    long depth = UnknownDepth; ///< Blocks open around this block's own lines, once one was read.
+};

@@ -1,0 +1,456 @@
+/// The growable arrays that every record uses, and the one-slot user data.
+///
+/// TArray keeps its elements by value in one block; TPArray keeps a block of pointers to elements
+/// that it creates and owns one by one, so they never move. Both announce every block and element to
+/// the registry MM and count it. Allocation never throws: what cannot be had is null or 0.
+#pragma once
+
+#include "core/core_base.h"
+#include "core/memory_manager.h"
+
+#include <cstring>
+#include <limits>
+#include <memory>
+#include <new>
+#include <type_traits>
+#include <utility>
+
+/// Whether a T may be carried to another address by moving its bytes, which is how TArray grows.
+/// True for plain data. A class that never points into itself says so by naming itself:
+///     using BytesCanMove = CSomeRecord;
+/// A derived class has to say it again.
+template <class T>
+inline constexpr bool CanMoveBytes = []
+{
+    if constexpr (requires { typename T::BytesCanMove; })
+        return std::is_same_v<typename T::BytesCanMove, T>;
+    else
+        return std::is_trivially_copyable_v<T>;
+}();
+
+/// What both arrays do with raw blocks: obtain, resize and release them, telling the registry and
+/// the counters. The line numbers tell the places apart in the registry's listing.
+class CArrayStorage
+{
+  public:
+    static constexpr unsigned long PointerBlockLine = 146;
+    static constexpr unsigned long ElementLine = 168;
+    static constexpr unsigned long GrownBlockLine = 354;
+    static constexpr unsigned long CreatedBlockLine = 490;
+
+    /// After an attempt to obtain a block, which is null when it failed.
+    static void Register(void* block, std::size_t size, unsigned long line, int isarray)
+    {
+        if (block != nullptr && MM != nullptr)
+            MM->AddAllocation(block, L"core_templates", size, line, isarray, L"");
+        IncreaseMemoryCount();
+    }
+
+    /// Before what the block holds is destroyed.
+    static void Unregister(void* block)
+    {
+        if (MM != nullptr)
+            MM->RemoveAllocation(block);
+    }
+
+    static void Release(void* block)
+    {
+        ReleaseBlock(block);
+        DecreaseMemoryCount();
+    }
+
+    /// The address may stay the same, so the old block leaves the registry before the new one enters
+    /// it, and returns there when the new one cannot be had.
+    static void* Grow(void* block, std::size_t oldsize, std::size_t newsize, unsigned long line)
+    {
+        if (block == nullptr)
+        {
+            void* first = ObtainBlock(newsize);
+            Register(first, newsize, line, 1);
+            return first;
+        }
+        Unregister(block);
+        void* grown = ResizeBlock(block, oldsize, newsize);
+        Register(grown != nullptr ? grown : block, grown != nullptr ? newsize : oldsize, line, 1);
+        if (grown != nullptr)
+            DecreaseMemoryCount();
+        return grown;
+    }
+};
+
+/// A growable array of T by value.
+///
+/// Grows by Step slots, and one slot is always held back: after any Add, NumItems < Capacity. Growing
+/// costs time linear in the number of elements, however small the step, since the block resizes in
+/// place mostly (ResizeBlock). Every slot of the block is constructed; a slot past NumItems keeps what
+/// it last held. Growth moves the elements: addresses from Add, operator[] and GetLast hold until then.
+/// Copying copies every element (nothing, when there is no memory); moving hands the block over.
+/// T: default-constructible, CanMoveBytes, no stricter alignment than std::max_align_t.
+template <class T> class TArray
+{
+  public:
+    T* Items = nullptr;         ///< The block; null when there is none.
+    std::uint32_t NumItems = 0; ///< Elements in use, at 0 to NumItems - 1.
+    std::uint32_t Capacity = 0; ///< Slots in the block.
+    std::uint32_t Step = 128;   ///< Slots added at each growth.
+
+    TArray() = default;
+
+    TArray(const TArray& other) : Step(other.Step)
+    {
+        CopyItems(other);
+    }
+
+    TArray(TArray&& other) noexcept
+    {
+        Swap(other);
+    }
+
+    // The source may belong to an element of this array, so the old contents go last.
+    TArray& operator=(const TArray& other)
+    {
+        TArray copy(other);
+        Swap(copy);
+        return *this;
+    }
+
+    TArray& operator=(TArray&& other) noexcept
+    {
+        TArray taken(std::move(other));
+        Swap(taken);
+        return *this;
+    }
+
+    ~TArray()
+    {
+        DeleteAll();
+    }
+
+    /// Appends a slot, as it stands, and returns its address; null, the array unchanged, when the
+    /// block cannot grow.
+    T* Add()
+    {
+        if (NumItems + 1 >= Capacity && !Grow())
+            return nullptr;
+        return &Items[NumItems++];
+    }
+
+    /// Replaces the contents by `count` default-constructed elements, all in use. Returns 0, the
+    /// array left empty, when there is no memory for them.
+    Result CreateMultiple(unsigned long count)
+    {
+        return Create(count, count);
+    }
+
+    /// Destroys every element and releases the block; Step stays. Returns 1.
+    Result DeleteAll()
+    {
+        if (Items != nullptr)
+        {
+            CArrayStorage::Unregister(Items);
+            std::destroy_n(Items, Capacity);
+            CArrayStorage::Release(Items);
+        }
+        Items = nullptr;
+        NumItems = 0;
+        Capacity = 0;
+        return 1;
+    }
+
+    /// Takes the element at `index` out, those behind it move up by assignment; linear. The last slot
+    /// keeps a copy of the last element. An index past the end changes nothing. Returns 1.
+    Result DeleteOrdered(unsigned long index)
+    {
+        if (index >= NumItems)
+            return 1;
+        for (std::size_t i = index + 1; i < NumItems; ++i)
+            Items[i - 1] = std::as_const(Items[i]);
+        --NumItems;
+        return 1;
+    }
+
+    /// Address of the element at `index`, which is not checked.
+    T* operator[](unsigned long index)
+    {
+        return &Items[index];
+    }
+
+    const T* operator[](unsigned long index) const
+    {
+        return &Items[index];
+    }
+
+    /// Address of the last element; null when there is none.
+    T* GetLast()
+    {
+        return NumItems == 0 ? nullptr : &Items[NumItems - 1];
+    }
+
+    unsigned long GetNumItems() const
+    {
+        return NumItems;
+    }
+
+    /// The elements as one plain array; null when there is no block.
+    T* GetArray()
+    {
+        return Items;
+    }
+
+    /// Forgets the elements but keeps the block and what its slots hold. Returns 1.
+    Result Reset()
+    {
+        NumItems = 0;
+        return 1;
+    }
+
+    T* begin()
+    {
+        return Items;
+    }
+
+    T* end()
+    {
+        return Items + NumItems;
+    }
+
+    const T* begin() const
+    {
+        return Items;
+    }
+
+    const T* end() const
+    {
+        return Items + NumItems;
+    }
+
+  private:
+    bool Grow()
+    {
+        static_assert(CanMoveBytes<T>, "A growing array moves the bytes of its elements: see CanMoveBytes.");
+        static_assert(alignof(T) <= alignof(std::max_align_t), "Blocks are aligned for ordinary types only.");
+        if (Capacity > std::numeric_limits<std::uint32_t>::max() - Step)
+            return false;
+        const std::uint32_t grown = Capacity + Step;
+        void* block =
+            CArrayStorage::Grow(Items, Capacity * sizeof(T), grown * sizeof(T), CArrayStorage::GrownBlockLine);
+        if (block == nullptr)
+            return false;
+        Items = static_cast<T*>(block);
+        std::uninitialized_value_construct_n(Items + Capacity, Step);
+        Capacity = grown;
+        return true;
+    }
+
+    Result Create(std::size_t slots, std::size_t count)
+    {
+        DeleteAll();
+        if (slots > std::numeric_limits<std::uint32_t>::max())
+            return 0;
+        Items = static_cast<T*>(ObtainBlock(slots * sizeof(T)));
+        if (Items != nullptr)
+            std::uninitialized_value_construct_n(Items, slots);
+        CArrayStorage::Register(Items, slots * sizeof(T), CArrayStorage::CreatedBlockLine, 1);
+        if (Items == nullptr)
+            return 0;
+        Capacity = static_cast<std::uint32_t>(slots);
+        NumItems = static_cast<std::uint32_t>(count);
+        return 1;
+    }
+
+    void CopyItems(const TArray& other)
+    {
+        if (other.Items != nullptr && Create(other.Capacity, other.NumItems) == 1)
+            for (std::size_t i = 0; i < NumItems; ++i)
+                Items[i] = other.Items[i];
+    }
+
+    void Swap(TArray& other) noexcept
+    {
+        std::swap(Items, other.Items);
+        std::swap(NumItems, other.NumItems);
+        std::swap(Capacity, other.Capacity);
+        std::swap(Step, other.Step);
+    }
+};
+
+/// A growable array of owned pointers to T, Block more at each growth.
+///
+/// Elements are created by Add and destroyed by DeleteAll, through T's destructor; they keep their
+/// addresses until then. Pointer slots past NumItems are never read. Growing costs time linear in the
+/// number of pointers, as with TArray. Copying copies every element (up to the first that cannot be
+/// had); moving hands everything over.
+template <class T, unsigned Block = 128> class TPArray
+{
+  public:
+    T** Items = nullptr;        ///< The pointers; null when there is no block.
+    std::uint32_t NumItems = 0; ///< Elements in use.
+    std::uint32_t Capacity = 0; ///< Pointer slots counted as available.
+
+    TPArray() = default;
+
+    TPArray(const TPArray& other)
+    {
+        CopyItems(other);
+    }
+
+    TPArray(TPArray&& other) noexcept
+    {
+        Swap(other);
+    }
+
+    // The source may belong to an element of this array, so the old contents go last.
+    TPArray& operator=(const TPArray& other)
+    {
+        TPArray copy(other);
+        Swap(copy);
+        return *this;
+    }
+
+    TPArray& operator=(TPArray&& other) noexcept
+    {
+        TPArray taken(std::move(other));
+        Swap(taken);
+        return *this;
+    }
+
+    ~TPArray()
+    {
+        DeleteAll();
+    }
+
+    /// Creates an element, appends its pointer and returns it; null, the array unchanged, when there
+    /// is no memory for the pointer block or the element.
+    T* Add()
+    {
+        if (NumItems + 1 >= Capacity && !Grow())
+            return nullptr;
+        void* memory = ObtainBlock(sizeof(T));
+        T* element = memory == nullptr ? nullptr : new (memory) T();
+        if (element != nullptr)
+            Items[NumItems++] = element;
+        CArrayStorage::Register(element, sizeof(T), CArrayStorage::ElementLine, 0);
+        return element;
+    }
+
+    /// Destroys every element and releases the pointer block. Returns 1.
+    Result DeleteAll()
+    {
+        for (std::size_t i = 0; i < NumItems; ++i)
+        {
+            T* element = std::exchange(Items[i], nullptr);
+            if (element != nullptr)
+            {
+                CArrayStorage::Unregister(element);
+                std::destroy_at(element);
+                CArrayStorage::Release(element);
+            }
+        }
+        if (Items != nullptr)
+        {
+            CArrayStorage::Unregister(Items);
+            CArrayStorage::Release(Items);
+        }
+        Items = nullptr;
+        NumItems = 0;
+        Capacity = 0;
+        return 1;
+    }
+
+    /// The element at `index`, which is not checked.
+    T* operator[](unsigned long index)
+    {
+        return Items[index];
+    }
+
+    const T* operator[](unsigned long index) const
+    {
+        return Items[index];
+    }
+
+    /// The last element; null when there is none.
+    T* GetLast()
+    {
+        return NumItems == 0 ? nullptr : Items[NumItems - 1];
+    }
+
+    unsigned long GetNumItems() const
+    {
+        return NumItems;
+    }
+
+    T* const* begin() const
+    {
+        return Items;
+    }
+
+    T* const* end() const
+    {
+        return Items + NumItems;
+    }
+
+  private:
+    // The new block is counted from NumItems, not from Capacity: since growth comes while one slot is
+    // still free, that is one slot less than Capacity says, and just the one that Add holds back.
+    bool Grow()
+    {
+        if (Capacity > std::numeric_limits<std::uint32_t>::max() - Block)
+            return false;
+        const std::size_t oldsize = (Capacity > Block ? Capacity - 1 : Capacity) * sizeof(T*);
+        const std::size_t newsize = (std::size_t{NumItems} + Block) * sizeof(T*);
+        void* block = CArrayStorage::Grow(Items, oldsize, newsize, CArrayStorage::PointerBlockLine);
+        if (block == nullptr)
+            return false;
+        Items = static_cast<T**>(block);
+        Capacity += Block;
+        return true;
+    }
+
+    void CopyItems(const TPArray& other)
+    {
+        // An array of elements that forbid copies is never copied, but its members still get instantiated.
+        if constexpr (std::is_copy_constructible_v<T>)
+            for (const T* element : other)
+            {
+                T* copy = element == nullptr ? nullptr : Add();
+                if (copy == nullptr)
+                    return;
+                *copy = *element;
+            }
+    }
+
+    void Swap(TPArray& other) noexcept
+    {
+        std::swap(Items, other.Items);
+        std::swap(NumItems, other.NumItems);
+        std::swap(Capacity, other.Capacity);
+    }
+};
+
+/// One untyped pointer, at index 0, null at first; what it points to is not owned.
+class TUserData
+{
+  public:
+    TUserData() = default;
+    TUserData(const TUserData&) = default;
+    TUserData& operator=(const TUserData&) = default;
+    ~TUserData() = default;
+
+    /// The pointer for index 0, null for any other.
+    void* GetUserData(unsigned long index) const
+    {
+        return index == 0 ? data : nullptr;
+    }
+
+    /// Stores `newdata` at index 0 and returns 1; returns 0 for any other index.
+    Result SetUserData(unsigned long index, void* newdata)
+    {
+        if (index != 0)
+            return 0;
+        data = newdata;
+        return 1;
+    }
+
+  private:
+    void* data = nullptr;
+};

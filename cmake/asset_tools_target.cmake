@@ -1,0 +1,15 @@
+# What every target of this project has in common: the language, the warnings, hidden symbols, and the
+# project's root as the place that includes start from.
+function(asset_tools_target target)
+  target_compile_features(${target} PUBLIC cxx_std_20)
+  set_target_properties(${target} PROPERTIES
+    CXX_EXTENSIONS OFF
+    CXX_VISIBILITY_PRESET hidden
+    VISIBILITY_INLINES_HIDDEN ON
+    POSITION_INDEPENDENT_CODE ON)
+  target_compile_options(${target} PRIVATE
+    -Wall -Wextra -Wpedantic -Wshadow -Wconversion
+    $<$<BOOL:${ASSET_TOOLS_WERROR}>:-Werror>
+    # An exported function that is called inside its own library may be inlined there.
+    $<$<CXX_COMPILER_ID:GNU>:-fno-semantic-interposition>)
+endfunction()

@@ -106,7 +106,8 @@ void Normals(std::string& text, std::size_t side, std::size_t faces, std::size_t
         {
             const SPoint point = GetPoint(vertex % (side + 1), vertex / (side + 1), object);
             const double norm = std::sqrt(point.z * point.z / 64.0 + 1.0);
-            Line(text, "\t\t\t\t*MESH_VERTEXNORMAL %zu\t%.4f\t%.4f\t%.4f", vertex, point.z / 8.0 / norm, -0.0, 1.0 / norm);
+            Line(text, "\t\t\t\t*MESH_VERTEXNORMAL %zu\t%.4f\t%.4f\t%.4f", vertex, point.z / 8.0 / norm, -0.0,
+                 1.0 / norm);
         }
     }
     Line(text, "\t\t}");
@@ -133,14 +134,16 @@ void Mesh(std::string& text, std::size_t side, std::size_t object)
         std::size_t corner[3];
         Corners(i, side, corner);
         Line(text,
-             "\t\t\t*MESH_FACE %4zu:    A: %4zu B: %4zu C: %4zu AB:    1 BC:    1 CA:    0\t *MESH_SMOOTHING 1 \t*MESH_MTLID %zu",
+             "\t\t\t*MESH_FACE %4zu:    A: %4zu B: %4zu C: %4zu AB:    1 BC:    1 CA:    0\t *MESH_SMOOTHING 1 "
+             "\t*MESH_MTLID %zu",
              i, corner[0], corner[1], corner[2], i % 7);
     }
     Line(text, "\t\t}");
     Line(text, "\t\t*MESH_NUMTVERTEX %zu", vertices);
     Line(text, "\t\t*MESH_TVERTLIST {");
     for (std::size_t i = 0; i < vertices; ++i)
-        Line(text, "\t\t\t*MESH_TVERT %zu\t%.4f\t%.4f\t0.0000", i, static_cast<double>(i % (side + 1)) / static_cast<double>(side),
+        Line(text, "\t\t\t*MESH_TVERT %zu\t%.4f\t%.4f\t0.0000", i,
+             static_cast<double>(i % (side + 1)) / static_cast<double>(side),
              static_cast<double>(i / (side + 1)) / static_cast<double>(side));
     Line(text, "\t\t}");
     Line(text, "\t\t*MESH_NUMTVFACES %zu", faces);

@@ -1,0 +1,98 @@
+/// What most tests need: records from texts, texts from records, and a watch on memory.
+#pragma once
+
+#include "core/file_io_object.h"
+#include "core/file_parser.h"
+#include "core/file_saver.h"
+#include "core/memory_manager.h"
+#include "core/sys_string.h"
+
+#include <clocale>
+#include <fstream>
+#include <iterator>
+#include <ostream>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+/// Has the record read the text, as from inside its block.
+inline Result LoadText(CFile_IOObject& record, std::string_view text)
+{
+    CFile_Parser parser;
+    parser.Open(text.data(), text.size());
+    return record.Load(&parser, nullptr);
+}
+
+/// What the record saves.
+inline std::string SaveText(CFile_IOObject& record)
+{
+    CFile_Saver saver;
+    saver.OpenMemory();
+    record.Save(&saver);
+    return saver.GetText();
+}
+
+inline std::string ReadSample(const char* name)
+{
+    std::ifstream file(std::string(SAMPLES_FOLDER) + "/" + name, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+/// The registry while it lives: what is still announced when the test is done was leaked.
+class CRegistryWatch
+{
+  public:
+    CRegistryWatch() : former(std::exchange(MM, &registry))
+    {
+    }
+    CRegistryWatch(const CRegistryWatch&) = delete;
+    CRegistryWatch& operator=(const CRegistryWatch&) = delete;
+    ~CRegistryWatch()
+    {
+        MM = former;
+    }
+
+    /// Nothing is announced any more, and nothing was taken back twice.
+    bool IsBalanced() const
+    {
+        return registry.GetNumAllocations() == 0 && registry.GetNumMistakes() == 0;
+    }
+
+    CSys_MemoryManager registry;
+
+  private:
+    CSys_MemoryManager* former;
+};
+
+/// The log's lines while it lives, from the level given.
+class CLogWatch
+{
+  public:
+    explicit CLogWatch(unsigned long level = 0) : former(std::exchange(Log, &saver))
+    {
+        saver.OpenMemory();
+        saver.SetLowestLevel(level);
+    }
+    CLogWatch(const CLogWatch&) = delete;
+    CLogWatch& operator=(const CLogWatch&) = delete;
+    ~CLogWatch()
+    {
+        Log = former;
+    }
+
+    std::string GetText()
+    {
+        return saver.GetText();
+    }
+
+  private:
+    CFile_Saver saver;
+    CFile_Saver* former;
+};
+
+inline void PrintTo(const CSys_String& text, std::ostream* out)
+{
+    for (const wchar_t* at = text.Get(); *at != L'\0'; ++at)
+        *out << static_cast<char>(*at < 0x80 ? *at : L'?');
+}

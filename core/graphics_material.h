@@ -1,0 +1,15 @@
+/// The material of the engine's graphics: how a surface looks.
+#pragma once
+
+#include "core/resource_handle.h"
+
+/// A material resource. Models refer to it through handles and never look inside.
+class ENGINE_CORE_API CGraphics_Material
+{
+  public:
+    CGraphics_Material() = default;
+    virtual ~CGraphics_Material();
+};
+
+extern template class ENGINE_CORE_API TResourceHandle<CGraphics_Material>;
+extern template class ENGINE_CORE_API TResourceHandleR<CGraphics_Material>;

@@ -202,14 +202,17 @@ class CBlockReader
             Scan(value);
     }
 
-    // ScanWord: the same for one number, and then its word is removed whether it parsed or not.
-
-    template <class T> void ScanWord(T& value)
+    /// The same for one number, whose word is then removed whether it parsed or not; false when there was
+    /// no word.
+    template <class T> bool ScanWord(T& value)
     {
         const wchar_t* const word = rest;
-        Scan(value);
-        rest = word;
-        StripWord();
+        if (!Scan(value))
+            return StripWord();
+        while (*rest != L'\0' && *rest != L'{' && !IsBlank(*rest))
+            ++rest;
+        rest = SkipBlanks(rest);
+        return rest != word;
     }
 
     /// Reads three numbers word by word: one that does not parse leaves only its own component alone.

@@ -45,17 +45,20 @@ template <class TFace> void ReadTextureFaces(CBlockReader& block, TArray<TFace>&
 /// material id, edge and smoothing labels, which are passed over.
 void ScanFace(CBlockReader& line, CFileFormat_AseRecords::CASEFace& face)
 {
-    do
+    bool ismore = true;
+    while (ismore)
     {
         if (line.Strip(L"A:"))
-            line.Scan(face.a);
+            ismore = line.ScanWord(face.a);
         else if (line.Strip(L"B:"))
-            line.Scan(face.b);
+            ismore = line.ScanWord(face.b);
         else if (line.Strip(L"C:"))
-            line.Scan(face.c);
+            ismore = line.ScanWord(face.c);
         else if (line.Strip(L"*MESH_MTLID"))
-            line.Scan(face.mtlid);
-    } while (line.StripWord());
+            ismore = line.ScanWord(face.mtlid);
+        else
+            ismore = line.StripWord();
+    }
 }
 
 void ReadFaces(CBlockReader& block, TArray<CFileFormat_AseRecords::CASEFace>& faces)

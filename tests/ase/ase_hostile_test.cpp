@@ -1,0 +1,172 @@
+/// What a broken or hostile text, and the lack of memory, do to an ASE scene: never a crash, never a leak.
+#include "formats/ase/ase.h"
+
+#include "tests/support/documents.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <memory>
+
+namespace
+{
+/// Loads a text from a buffer of exactly its size, so that a read past its end shows under the sanitizers;
+/// whatever came out must save, and be the same when copied.
+void LoadAnything(std::string_view text)
+{
+    const std::unique_ptr<char[]> exact(new char[text.size()]);
+    std::memcpy(exact.get(), text.data(), text.size());
+    CFileFormat_Ase document;
+    CFile_Parser parser;
+    parser.Open(exact.get(), text.size());
+    ASSERT_EQ(document.Load(&parser, nullptr), 1);
+    CFileFormat_Ase copy(document);
+    ASSERT_EQ(SaveText(copy), SaveText(document));
+}
+
+std::string Repeat(std::string_view text, std::size_t count)
+{
+    std::string repeated;
+    repeated.reserve(text.size() * count);
+    for (std::size_t i = 0; i < count; ++i)
+        repeated += text;
+    return repeated;
+}
+
+/// Levels of sub-maps beneath the first material's diffuse map.
+std::size_t CountLevels(CFileFormat_Ase& document)
+{
+    std::size_t levels = 0;
+    CFileFormat_Ase::CASEMaterialMap* map = &document.Materials[0]->map_diffuse;
+    for (; map->generic.GetNumItems() != 0; map = map->generic[0])
+        ++levels;
+    return levels;
+}
+
+std::string NestMaps(std::size_t levels)
+{
+    return "*MATERIAL_LIST {\n*MATERIAL_COUNT 1\n*MATERIAL 0 {\n*MAP_DIFFUSE {\n" + Repeat("*MAP_GENERIC {\n", levels) +
+           Repeat("}\n", levels + 1) + "*MATERIAL_NAME \"behind\"\n}\n}\n*GEOMOBJECT {\n}\n";
+}
+} // namespace
+
+TEST(AseHostile, CutAtEveryLength)
+{
+    const CRegistryWatch watch;
+    const std::string sample = ReadSample("scene.ase");
+    for (std::size_t size = 0; size <= sample.size(); size += size % 16 == 0 ? 1 : 5)
+        LoadAnything(std::string_view(sample).substr(0, size));
+    EXPECT_TRUE(watch.IsBalanced());
+}
+
+TEST(AseHostile, EveryLineRemovedOrDoubled)
+{
+    const CRegistryWatch watch;
+    const std::string sample = ReadSample("scene.ase");
+    for (std::size_t begin = 0; begin < sample.size();)
+    {
+        const std::size_t end = sample.find('\n', begin) + 1;
+        LoadAnything(sample.substr(0, begin) + sample.substr(end));
+        LoadAnything(sample.substr(0, end) + sample.substr(begin));
+        begin = end;
+    }
+    EXPECT_TRUE(watch.IsBalanced());
+}
+
+TEST(AseHostile, BytesChanged)
+{
+    const std::string sample = ReadSample("scene.ase");
+    static constexpr std::string_view bytes("\0\n\r{}\" \t*-9e\xFF\xC3", 14);
+    for (std::size_t i = 0; i < sample.size(); i += 7)
+    {
+        std::string changed = sample;
+        changed[i] = bytes[i / 7 % bytes.size()];
+        LoadAnything(changed);
+    }
+}
+
+TEST(AseHostile, NestsAThousandLevelsAndPassesOverTheRest)
+{
+    CLogWatch log(2);
+    for (const auto& [levels, loaded] : {std::pair{1000U, 1000U}, {1001U, 1000U}, {100'000U, 1000U}})
+    {
+        CFileFormat_Ase document;
+        LoadText(document, NestMaps(levels));
+        EXPECT_EQ(CountLevels(document), loaded);
+        EXPECT_STREQ(document.Materials[0]->name.Get(), L"\"behind\"") << "reading goes on behind them";
+        EXPECT_EQ(document.GeomObjects.GetNumItems(), 1U);
+        CFileFormat_Ase copy(document);
+        EXPECT_EQ(CountLevels(copy), loaded);
+    }
+    EXPECT_EQ(log.GetText(), "text(1005): blocks nested deeper than 1000 levels are passed over\n"
+                             "text(1005): blocks nested deeper than 1000 levels are passed over\n");
+    CFileFormat_Ase submaterials;
+    LoadText(submaterials,
+             "*MATERIAL_LIST {\n*MATERIAL_COUNT 1\n*MATERIAL 0 {\n" + Repeat("*SUBMATERIAL 0 {\n", 50'000));
+    EXPECT_EQ(submaterials.Materials[0]->submaterials.GetNumItems(), 1U);
+}
+
+TEST(AseHostile, LyingCountsCostNothing)
+{
+    CLogWatch log(2);
+    CFileFormat_Ase document;
+    LoadText(document, "*MATERIAL_LIST {\n*MATERIAL_COUNT 2147483647\n}\n");
+    EXPECT_EQ(document.Materials.GetNumItems(), 65536U);
+    EXPECT_EQ(log.GetText(), "text(2): 2147483647 materials are more than the text can hold, 65536 are made\n");
+    EXPECT_LE(sizeof(CFileFormat_Ase::CASEMaterial), 1000U) << "65,536 of them must stay below 64 MB";
+    LoadText(document, "*GEOMOBJECT {\n*MESH {\n*MESH_NUMVERTEX 4294967295\n*MESH_NUMFACES 4294967295\n}\n}\n");
+    EXPECT_EQ(document.GeomObjects[0]->mesh.vertices.Capacity, 0U);
+}
+
+TEST(AseHostile, KeepsNamesThatLookLikeSomethingElse)
+{
+    CFileFormat_Ase document;
+    LoadText(document, "*GEOMOBJECT {\n*NODE_NAME \"%s%n {\"\n*NODE_PARENT \"*MESH {\" {\n}\n*NODE_NAME \"// # }\"\n}\n"
+                       "*GEOMOBJECT {\n*NODE_NAME\n*NODE_PARENT *NODE_NAME x\n}\n");
+    ASSERT_EQ(document.GeomObjects.GetNumItems(), 2U);
+    EXPECT_STREQ(document.GeomObjects[0]->name.Get(), L"\"// # }\"");
+    EXPECT_STREQ(document.GeomObjects[0]->parent.Get(), L"\"*MESH {\" {");
+    EXPECT_STREQ(document.GeomObjects[1]->name.Get(), L"");
+    EXPECT_STREQ(document.GeomObjects[1]->parent.Get(), L"*NODE_NAME x");
+}
+
+TEST(AseHostile, EveryAllocationFails)
+{
+    // The n-th alone, and everything from the n-th on, for every n of loading, copying and saving.
+    const CRegistryWatch watch;
+    const std::string sample = ReadSample("scene.ase");
+    const auto work = [&sample]
+    {
+        CFileFormat_Ase document;
+        EXPECT_EQ(LoadText(document, sample), 1);
+        CFileFormat_Ase copy(document);
+        SaveText(copy);
+    };
+    FailAllocations(~0ULL, 0);
+    work();
+    const std::uint64_t attempts = GetNumAllocationAttempts();
+    ASSERT_GT(attempts, 300U);
+    for (std::uint64_t n = 0; n < attempts; ++n)
+        for (const std::uint64_t failures : {std::uint64_t{1}, ~std::uint64_t{0} / 2})
+        {
+            FailAllocations(n, failures);
+            work();
+        }
+    FailAllocations(0, 0);
+    EXPECT_TRUE(watch.IsBalanced());
+}
+
+TEST(AseHostile, WithoutMemoryTheRestIsStillRead)
+{
+    // The first object's place cannot be had: its lines are ignored, the later objects are there.
+    constexpr std::string_view text = "*GEOMOBJECT {\n*NODE_NAME a\n}\n*GEOMOBJECT {\n*NODE_NAME b\n}\n"
+                                      "*MATERIAL_LIST {\n*MATERIAL_COUNT 3\n*MATERIAL 0 {\n}\n}\n*LIGHTOBJECT {\n}\n";
+    CFileFormat_Ase document;
+    FailAllocations(0, 1);
+    LoadText(document, text);
+    FailAllocations(0, 0);
+    ASSERT_EQ(document.GeomObjects.GetNumItems(), 1U);
+    EXPECT_STREQ(document.GeomObjects[0]->name.Get(), L"b");
+    EXPECT_EQ(document.Materials.GetNumItems(), 3U);
+    EXPECT_EQ(document.Lights.GetNumItems(), 1U);
+}

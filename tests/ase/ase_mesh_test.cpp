@@ -1,0 +1,153 @@
+#include "formats/ase/ase_mesh.h"
+
+#include "formats/ase/ase_geom_object.h"
+#include "tests/support/documents.h"
+
+#include <gtest/gtest.h>
+
+namespace
+{
+using CMesh = CFileFormat_AseRecords::CASEMesh;
+
+constexpr std::string_view TwoFaces = "*TIMEVALUE 160\n"
+                                      "*MESH_NUMVERTEX 8\n"
+                                      "*MESH_VERTEX_LIST {\n"
+                                      "\t*MESH_VERTEX    7\t-1.5000\t2.0000\t0.2500\n"
+                                      "\t*MESH_VERTEX    0\t1.0000\t2.0000\t3.0000\n"
+                                      "}\n"
+                                      "*MESH_FACE_LIST {\n"
+                                      "*MESH_FACE    0:    A:    0 B:    1 C:    2 AB:    1 BC:    1 CA:    0\t "
+                                      "*MESH_SMOOTHING 2,5 \t*MESH_MTLID 4\n"
+                                      "*MESH_FACE    1:    C:    5 A:    3 B:    4 AB:    9\n"
+                                      "}\n"
+                                      "*MESH_TVERTLIST {\n*MESH_TVERT 0\t0.5\t0.25\t0\n}\n"
+                                      "*MESH_TFACELIST {\n*MESH_TFACE 0\t7\t8\t9\n}\n"
+                                      "*MESH_CVERTLIST {\n*MESH_VERTCOL 0\t1\t0.5\t0\n}\n"
+                                      "*MESH_CFACELIST {\n*MESH_CFACE 0\t1\t2\t3\n}\n"
+                                      "*MESH_NORMALS {\n"
+                                      "*MESH_FACENORMAL 0\t0\t0\t1\n"
+                                      "\t*MESH_VERTEXNORMAL 0\t0.1\t0\t0\n"
+                                      "\t*MESH_VERTEXNORMAL 1\t0.2\t0\t0\n"
+                                      "\t*MESH_VERTEXNORMAL 2\t0.3\t0\t0\n"
+                                      "}\n"
+                                      "*MESH_MAPPINGCHANNEL 3 {\n"
+                                      "*MESH_NUMTVERTEX 1\n"
+                                      "*MESH_TVERTLIST {\n*MESH_TVERT 0\t0.1\t0.2\t0.3\n}\n"
+                                      "*MESH_NUMTVFACES 1\n"
+                                      "*MESH_TFACELIST {\n*MESH_TFACE 0\t4\t5\t6\n}\n"
+                                      "}\n"
+                                      "*MESH_MAPPINGCHANNEL 2 {\n}\n"
+                                      "}\n";
+} // namespace
+
+TEST(AseMesh, SavesWhatItLoaded)
+{
+    CMesh mesh;
+    EXPECT_EQ(LoadText(mesh, TwoFaces), 1);
+    EXPECT_EQ(SaveText(mesh), "{\n"
+                              "\ttimevalue: 160\n"
+                              "\taddvertex: -1.500000 2.000000 0.250000\n"
+                              "\taddvertex: 1.000000 2.000000 3.000000\n"
+                              "\taddface: 0 1 2 4\n"
+                              "\taddface: 3 4 5 0\n"
+                              "\taddtvertex: 0.500000 0.250000 0.000000\n"
+                              "\taddtface: 7 8 9\n"
+                              "\taddfacenormal: 0.000000 0.000000 1.000000\n"
+                              "\taddfacevnormala: 0.100000 0.000000 0.000000\n"
+                              "\taddfacevnormalb: 0.200000 0.000000 0.000000\n"
+                              "\taddfacevnormalc: 0.300000 0.000000 0.000000\n"
+                              "\taddmappingchannel:\n"
+                              "\t{\n"
+                              "\t\taddvertex: 0.100000 0.200000 0.300000\n"
+                              "\t\taddface: 4 5 6\n"
+                              "\t}\n"
+                              "\taddmappingchannel:\n"
+                              "\t{\n"
+                              "\t}\n"
+                              "}\n");
+    ASSERT_EQ(mesh.cfaces.GetNumItems(), 1U);
+    EXPECT_EQ(mesh.cfaces[0]->c, 3);
+    EXPECT_EQ(*mesh.cvertices[0], CMath_Vector3(1, 0.5F, 0));
+}
+
+TEST(AseMesh, LoadedTwiceKeepsOnlyTheColoursOfBoth)
+{
+    CMesh mesh;
+    LoadText(mesh, TwoFaces);
+    const std::string once = SaveText(mesh);
+    LoadText(mesh, TwoFaces);
+    EXPECT_EQ(SaveText(mesh), once);
+    EXPECT_EQ(mesh.cvertices.GetNumItems(), 2U);
+    EXPECT_EQ(mesh.cfaces.GetNumItems(), 2U);
+}
+
+TEST(AseMesh, ReadsFaceLinesByLabel)
+{
+    struct SFaceCase
+    {
+        const char* line;
+        std::int32_t a, b, c, mtlid;
+    };
+    static const SFaceCase cases[] = {
+        {"*MESH_FACE 0: A: 1 B: 2 C: 3 *MESH_SMOOTHING *MESH_MTLID 7", 1, 2, 3, 7}, // no smoothing group
+        {"*MESH_FACE 0: *MESH_MTLID -1 A: -5", -5, 0, 0, -1},
+        {"*MESH_FACE 0: A: x B: 2", 0, 2, 0, 0},
+        {"*MESH_FACE 0: A: 1 A: 9", 9, 0, 0, 0},
+        {"*MESH_FACE 0: A: 1 B:", 1, 0, 0, 0},
+        {"*MESH_FACE A: 1 B: 2", 0, 2, 0, 0}, // the first word is the face number, whatever it is
+        {"*MESH_FACE 0: A:1 B: 2", 0, 2, 0, 0},
+        {"*MESH_FACE", 0, 0, 0, 0},
+    };
+    for (const SFaceCase& row : cases)
+    {
+        CMesh mesh;
+        LoadText(mesh, std::string("*MESH_FACE_LIST {\n") + row.line + "\n}\n}\n");
+        ASSERT_EQ(mesh.faces.GetNumItems(), 1U) << row.line;
+        const CFileFormat_AseRecords::CASEFace& face = *mesh.faces[0];
+        EXPECT_EQ((std::vector{face.a, face.b, face.c, face.mtlid}), (std::vector{row.a, row.b, row.c, row.mtlid}))
+            << row.line;
+    }
+}
+
+TEST(AseMesh, CornerNormalsGoRound)
+{
+    // The first face is one normal short, so the next three begin with its third corner.
+    CMesh mesh;
+    LoadText(mesh, "*MESH_NORMALS {\n"
+                   "*MESH_VERTEXNORMAL 0 9 9 9\n" // before any face: dropped, and not counted
+                   "*MESH_FACENORMAL 0 0 0 1\n*MESH_VERTEXNORMAL 0 1 0 0\n*MESH_VERTEXNORMAL 0 2 0 0\n"
+                   "*MESH_FACENORMAL 1 0 0 1\n*MESH_VERTEXNORMAL 0 3 0 0\n*MESH_VERTEXNORMAL 0 4 0 0\n"
+                   "*MESH_VERTEXNORMAL 0 5 0 0\n}\n}\n");
+    ASSERT_EQ(mesh.facenormals.GetNumItems(), 2U);
+    EXPECT_EQ(mesh.facenormals[0]->vnormala.x, 1.0F);
+    EXPECT_EQ(mesh.facenormals[0]->vnormalb.x, 2.0F);
+    EXPECT_EQ(mesh.facenormals[0]->vnormalc.x, 0.0F);
+    EXPECT_EQ(mesh.facenormals[1]->vnormalc.x, 3.0F);
+    EXPECT_EQ(mesh.facenormals[1]->vnormala.x, 4.0F);
+    EXPECT_EQ(mesh.facenormals[1]->vnormalb.x, 5.0F);
+}
+
+TEST(AseMesh, PassesOverBlocksInsideListsAndBetween)
+{
+    CMesh mesh;
+    LoadText(mesh,
+             "*MESH_WEIGHTS {\n*MESH_VERTEX_LIST {\n*MESH_VERTEX 0 9 9 9\n}\n}\n"
+             "*MESH_VERTEX_LIST {\n*MESH_VERTEX 0 1 1 1\n*ODD {\n*MESH_VERTEX 0 9 9 9\n}\n*MESH_VERTEX 1 2 x 2\n}\n"
+             "*TIMEVALUE 3\n}\n*TIMEVALUE 4\n");
+    ASSERT_EQ(mesh.vertices.GetNumItems(), 2U);
+    EXPECT_EQ(*mesh.vertices[1], CMath_Vector3(2, 0, 0));
+    EXPECT_EQ(mesh.timevalue, 3);
+}
+
+TEST(AseMesh, CopiesOwnTheirLists)
+{
+    CMesh mesh;
+    LoadText(mesh, TwoFaces);
+    CMesh copy(mesh);
+    copy.vertices[0]->x = 99;
+    copy.mappingchannels[0]->tvertices[0]->x = 99;
+    EXPECT_EQ(mesh.vertices[0]->x, -1.5F);
+    EXPECT_EQ(mesh.mappingchannels[0]->tvertices[0]->x, 0.1F);
+    mesh = copy;
+    EXPECT_EQ(mesh.mappingchannels[0]->tvertices[0]->x, 99.0F);
+}

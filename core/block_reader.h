@@ -23,7 +23,6 @@
 
 #include <limits>
 #include <span>
-#include <string_view>
 
 /// Levels of records that hold records of their own kind. Deeper ones are passed over, so that no
 /// text makes reading or destroying it run out of stack.
@@ -42,7 +41,7 @@ class CBlockReader
     /// a closing brace is missing: the block ends there and the line is left to be read again.
     /// Without memory for a line the block counts as ended.
     explicit CBlockReader(CFile_Parser* newparser, CFile_IOCallback* newcallback = nullptr,
-                          std::span<const std::wstring_view> newenders = {})
+                          std::span<const SKeyword> newenders = {})
         : parser(newparser), callback(newcallback), enders(newenders),
           ownbuffer(static_cast<wchar_t*>(ObtainBlock(CFile_Parser::BlockLineCapacity * sizeof(wchar_t)))),
           buffer(ownbuffer), rest(L"")
@@ -107,21 +106,21 @@ class CBlockReader
     }
 
     /// Whether the line's first word is the keyword.
-    bool Is(std::wstring_view keyword) const
+    bool Is(SKeyword keyword) const
     {
-        const wchar_t* at = rest;
-        for (const wchar_t character : keyword)
-            if (*at++ != character)
+        for (std::size_t i = 0; i < keyword.length; ++i)
+            if (rest[i] != keyword.text[i])
                 return false;
-        return *at == L'\0' || *at == L'{' || IsBlank(*at);
+        const wchar_t behind = rest[keyword.length];
+        return behind == L'\0' || behind == L'{' || IsBlank(behind);
     }
 
     /// Whether the line's first word is the keyword, which is then removed with the blanks behind it.
-    bool Strip(std::wstring_view keyword)
+    bool Strip(SKeyword keyword)
     {
         if (!Is(keyword))
             return false;
-        rest = SkipBlanks(rest + keyword.size());
+        rest = SkipBlanks(rest + keyword.length);
         return true;
     }
 
@@ -196,7 +195,7 @@ class CBlockReader
     }
 
     /// Reads what is behind the keyword, when the line begins with it.
-    template <class T> void Read(std::wstring_view keyword, T& value)
+    template <class T> void Read(SKeyword keyword, T& value)
     {
         if (Strip(keyword))
             Scan(value);
@@ -230,14 +229,14 @@ class CBlockReader
         ScanWord(color.b);
     }
 
-    template <class T> void ReadWords(std::wstring_view keyword, T& value)
+    template <class T> void ReadWords(SKeyword keyword, T& value)
     {
         if (Strip(keyword))
             ScanWords(value);
     }
 
     /// Reads an option word: its position among `names`. Another word leaves the value alone.
-    template <class T> void ReadOption(std::wstring_view keyword, T& value, std::span<const std::wstring_view> names)
+    template <class T> void ReadOption(SKeyword keyword, T& value, std::span<const SKeyword> names)
     {
         if (!Strip(keyword))
             return;
@@ -279,7 +278,7 @@ class CBlockReader
         if (!parser->OpensBlock())
             return false;
         rest = buffer;
-        for (const std::wstring_view ender : enders)
+        for (const SKeyword ender : enders)
             if (Is(ender))
             {
                 parser->SetOffset(offset);
@@ -291,7 +290,7 @@ class CBlockReader
 
     CFile_Parser* parser;
     CFile_IOCallback* callback;
-    std::span<const std::wstring_view> enders;
+    std::span<const SKeyword> enders;
     wchar_t* ownbuffer = nullptr;
     wchar_t* buffer;
     const wchar_t* rest;

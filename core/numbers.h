@@ -12,11 +12,11 @@
 /// Room for any number that the functions below write, closing NUL included.
 inline constexpr std::size_t NumberCapacity = 352;
 
-/// "%d": decimal, with a sign or without; saturates at the ends of the range.
-ENGINE_CORE_API bool ScanInteger(const wchar_t*& text, std::int32_t& value);
+/// "%d" of any form: decimal, with a sign or without; saturates at the ends of the range.
+ENGINE_CORE_API bool ScanAnyInteger(const wchar_t*& text, std::int32_t& value);
 
 /// "%u": the same, unsigned. A negative number is its 32-bit pattern.
-ENGINE_CORE_API bool ScanInteger(const wchar_t*& text, std::uint32_t& value);
+ENGINE_CORE_API bool ScanAnyInteger(const wchar_t*& text, std::uint32_t& value);
 
 /// "%f" of any form: decimal, with exponent, hexadecimal, infinite, not a number; rounded correctly.
 ENGINE_CORE_API bool ScanAnyFloat(const wchar_t*& text, float& value);
@@ -30,6 +30,21 @@ ENGINE_CORE_API std::size_t WriteFixed(char* to, double value);
 
 /// "%.9g": few digits, but enough for a 32-bit float to read back to the same bits.
 ENGINE_CORE_API std::size_t WriteExact(char* to, double value);
+
+/// "%d" and "%u", quick for short numbers without a sign.
+template <class T> inline bool ScanInteger(const wchar_t*& text, T& value)
+{
+    constexpr std::ptrdiff_t mostdigits = 9; // below 2^30
+    const wchar_t* at = text;
+    std::uint32_t number = 0;
+    for (; *at >= L'0' && *at <= L'9' && at - text < mostdigits; ++at)
+        number = number * 10 + static_cast<std::uint32_t>(*at - L'0');
+    if (at == text || at - text == mostdigits)
+        return ScanAnyInteger(text, value);
+    value = static_cast<T>(number);
+    text = at;
+    return true;
+}
 
 /// "%f", quick for short decimals, which it rounds exactly as ScanAnyFloat does.
 inline bool ScanFloat(const wchar_t*& text, float& value)

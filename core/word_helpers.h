@@ -4,6 +4,24 @@
 
 #include "core/core_base.h"
 
+#include <string_view>
+
+/// A word that lines begin with. Its length is known when the program is compiled, so that a test of a
+/// line against it is a few comparisons.
+struct SKeyword
+{
+    const wchar_t* text;
+    std::size_t length;
+
+    template <std::size_t Size> consteval SKeyword(const wchar_t (&literal)[Size]) : text(literal), length(Size - 1)
+    {
+    }
+
+    constexpr SKeyword(std::wstring_view view) : text(view.data()), length(view.size())
+    {
+    }
+};
+
 inline bool IsBlank(wchar_t character)
 {
     return character == L' ' || character == L'\t';

@@ -2,12 +2,13 @@
 #pragma once
 
 #include "core/graphics_mesh.h"
+#include "core/word_helpers.h"
 
 #include <string_view>
 
 struct SFaceSpaceCorner
 {
-    std::wstring_view keyword; ///< Of the corner's line in a saved mesh.
+    SKeyword keyword; ///< Of the corner's line in a saved mesh.
     CMath_Vector3 CGraphics_FaceSpace::*normal;
     CMath_Vector3 CGraphics_FaceSpace::*tangent;
     CMath_Vector3 CGraphics_FaceSpace::*binormal;

@@ -27,7 +27,7 @@ void Scan(CBlockReader& line, SGraphics_Face& face)
 }
 
 /// Appends the element that the line behind the keyword holds.
-template <class T> void ReadNew(CBlockReader& block, std::wstring_view keyword, TArray<T>& list)
+template <class T> void ReadNew(CBlockReader& block, SKeyword keyword, TArray<T>& list)
 {
     if (block.Strip(keyword))
         if (T* const element = list.Add())
@@ -59,7 +59,7 @@ void WriteFaceSpaces(CBlockWriter& block, const TArray<CGraphics_FaceSpace>& spa
     {
         block.Write(L"addfacespace: %.9g %.9g %.9g", space.FaceNormal);
         for (const SFaceSpaceCorner& corner : FaceSpaceCorners)
-            block.Write(L"%s %.9g %.9g %.9g %.9g %.9g %.9g %.9g %.9g %.9g", corner.keyword.data(), space.*corner.normal,
+            block.Write(L"%s %.9g %.9g %.9g %.9g %.9g %.9g %.9g %.9g %.9g", corner.keyword.text, space.*corner.normal,
                         space.*corner.tangent, space.*corner.binormal);
     }
 }

@@ -220,7 +220,7 @@ bool ScaleToMillionths(double value, std::uint64_t& millionths)
 }
 } // namespace
 
-bool ScanInteger(const wchar_t*& text, std::int32_t& value)
+bool ScanAnyInteger(const wchar_t*& text, std::int32_t& value)
 {
     SInteger integer;
     if (!ScanMagnitude(text, integer))
@@ -232,7 +232,7 @@ bool ScanInteger(const wchar_t*& text, std::int32_t& value)
     return true;
 }
 
-bool ScanInteger(const wchar_t*& text, std::uint32_t& value)
+bool ScanAnyInteger(const wchar_t*& text, std::uint32_t& value)
 {
     SInteger integer;
     if (!ScanMagnitude(text, integer))

@@ -17,7 +17,7 @@ void SaveTextField(CFile_Saver* saver, const wchar_t* keyword, const wchar_t* te
 class CTextField
 {
   public:
-    explicit CTextField(std::wstring_view newkeyword) : keyword(newkeyword)
+    explicit CTextField(SKeyword newkeyword) : keyword(newkeyword)
     {
     }
 
@@ -28,6 +28,6 @@ class CTextField
     Result Finish(CSys_String& text);
 
   private:
-    std::wstring_view keyword;
+    SKeyword keyword;
     CWideOutput output;
 };

@@ -11,7 +11,7 @@
 class ASSET_TOOLS_API CFileFormat_AseRecords::CASEIKJoint : public CFile_IOObject
 {
   public:
-    static constexpr std::wstring_view TypeNames[] = {L"Rotation"};
+    static constexpr SKeyword TypeNames[] = {L"Rotation"};
 
     std::int32_t type = 0; ///< Position in TypeNames; another word leaves it.
     std::int32_t dof = 0;

@@ -33,8 +33,8 @@ class ASSET_TOOLS_API CFileFormat_AseRecords::CASELight : public CFile_IOObject
     using BytesCanMove = CASELight;
 
     static constexpr std::uint32_t Unset = 0xFFFFFFFF;
-    static constexpr std::wstring_view TypeNames[] = {L"Omni"};
-    static constexpr std::wstring_view SpotShapeNames[] = {L"Circle"};
+    static constexpr SKeyword TypeNames[] = {L"Omni"};
+    static constexpr SKeyword SpotShapeNames[] = {L"Circle"};
 
     CSys_String name;           ///< As the text has it, quotes included.
     std::uint32_t type = Unset; ///< Position in TypeNames; Unset until the text names one of them.

@@ -5,9 +5,9 @@
 namespace
 {
 /// The text of an option; empty for a position that its table does not have.
-const wchar_t* GetName(std::span<const std::wstring_view> names, std::uint32_t position)
+const wchar_t* GetName(std::span<const SKeyword> names, std::uint32_t position)
 {
-    return position < names.size() ? names[position].data() : L"";
+    return position < names.size() ? names[position].text : L"";
 }
 } // namespace
 
@@ -47,7 +47,7 @@ Result CFileFormat_AseRecords::CASEMaterial::LoadNested(CFile_Parser* parser, CF
                                                         unsigned level)
 {
     CAseBlockReader block(parser, callback);
-    const auto loadmap = [&](std::wstring_view keyword, CASEMaterialMap& map)
+    const auto loadmap = [&](SKeyword keyword, CASEMaterialMap& map)
     {
         if (block.Is(keyword))
             block.Load(map);

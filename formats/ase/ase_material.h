@@ -41,9 +41,9 @@ class ASSET_TOOLS_API CFileFormat_AseRecords::CASEMaterial : public CFile_IOObje
   public:
     using BytesCanMove = CASEMaterial;
 
-    static constexpr std::wstring_view ShadingNames[] = {L"Blinn"};
-    static constexpr std::wstring_view FalloffNames[] = {L"In"};
-    static constexpr std::wstring_view XpTypeNames[] = {L"Filter", L"Subtractive"};
+    static constexpr SKeyword ShadingNames[] = {L"Blinn"};
+    static constexpr SKeyword FalloffNames[] = {L"In"};
+    static constexpr SKeyword XpTypeNames[] = {L"Filter", L"Subtractive"};
 
     CSys_String name;   ///< As the text has it, quotes included.
     CSys_String class_; ///< As the text has it, quotes included.

@@ -8,7 +8,7 @@
 namespace
 {
 /// Moves to the next line of a list that is an entry, behind its keyword and number.
-bool NextEntry(CBlockReader& list, std::wstring_view keyword)
+bool NextEntry(CBlockReader& list, SKeyword keyword)
 {
     while (list.NextLine())
         if (list.Strip(keyword))
@@ -19,7 +19,7 @@ bool NextEntry(CBlockReader& list, std::wstring_view keyword)
     return false;
 }
 
-void ReadVectors(CBlockReader& block, std::wstring_view heading, std::wstring_view keyword,
+void ReadVectors(CBlockReader& block, SKeyword heading, SKeyword keyword,
                  TArray<CMath_Vector3>& vectors)
 {
     if (!block.Is(heading))

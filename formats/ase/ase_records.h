@@ -36,7 +36,7 @@ class ASSET_TOOLS_API CFileFormat_AseRecords
 
 /// Keywords of blocks that stand in an ASE document itself. Some exporters leave a closing brace out;
 /// one of these inside a record shows it.
-inline constexpr std::wstring_view AseDocumentKeywords[] = {
+inline constexpr SKeyword AseDocumentKeywords[] = {
     L"*SCENE", L"*MATERIAL_LIST", L"*GEOMOBJECT", L"*LIGHTOBJECT", L"*HELPEROBJECT", L"*CAMERAOBJECT", L"*SHAPEOBJECT",
 };
 

@@ -4,7 +4,7 @@
 
 namespace
 {
-void ReadRow(CBlockReader& block, std::wstring_view keyword, float (&row)[4])
+void ReadRow(CBlockReader& block, SKeyword keyword, float (&row)[4])
 {
     if (block.Strip(keyword))
         (void)(block.Scan(row[0]) && block.Scan(row[1]) && block.Scan(row[2]));

@@ -6,7 +6,7 @@
 
 namespace
 {
-constexpr std::wstring_view Enders[] = {L"*TOP"};
+constexpr SKeyword Enders[] = {L"*TOP"};
 
 /// The lines that belong to the block in which the text stands, and then what the parser has left.
 std::wstring ReadOwnLines(std::string_view text)

@@ -74,8 +74,7 @@ class ENGINE_CORE_API CFile_Saver
     bool Reserve(std::size_t more);
     bool Flush();
     void Fail(int why);
-    void WriteLine(const char* text);
-    void WriteIndent();
+    void WriteBrace(const wchar_t* brace);
     void EndLine();
 
     char* buffer = nullptr;

@@ -22,19 +22,26 @@ Result WriteToFile(const char* bytes, std::size_t size, void* context)
 
 CFile_Saver* Log = &closedlog;
 
-/// Puts formatted text into the saver's buffer as UTF-8.
+/// Puts formatted text into the saver's buffer as UTF-8. While it lives the end of what was written
+/// is kept here, out of the saver's memory.
 class CFile_Saver::COutput
 {
   public:
-    explicit COutput(CFile_Saver& target) : saver(target)
+    explicit COutput(CFile_Saver& target) : saver(target), next(saver.buffer + saver.used)
     {
+    }
+    COutput(const COutput&) = delete;
+    COutput& operator=(const COutput&) = delete;
+    ~COutput()
+    {
+        saver.used = static_cast<std::size_t>(next - saver.buffer);
     }
 
     void PutText(const wchar_t* text, std::size_t count)
     {
-        if (!saver.Reserve(count * 4))
+        if (!Reserve(count * 4))
             return;
-        char* to = saver.buffer + saver.used;
+        char* to = next;
         for (std::size_t i = 0; i < count;)
         {
             const wchar_t unit = text[i];
@@ -48,19 +55,42 @@ class CFile_Saver::COutput
             to += EncodeUtf8(character.code, to);
             i += character.size;
         }
-        saver.used = static_cast<std::size_t>(to - saver.buffer);
+        next = to;
     }
 
-    void PutNumber(const char* number, std::size_t count)
+    char* ReserveNumber()
     {
-        if (!saver.Reserve(count))
+        return Reserve(NumberCapacity) ? next : spare;
+    }
+
+    void TakeNumber(std::size_t count)
+    {
+        if (saver.error == 0)
+            next += count;
+    }
+
+    void PutBlanks(std::size_t count, char blank)
+    {
+        if (!Reserve(count))
             return;
-        std::memcpy(saver.buffer + saver.used, number, count);
-        saver.used += count;
+        for (; count != 0; --count)
+            *next++ = blank;
     }
 
   private:
+    bool Reserve(std::size_t more)
+    {
+        if (more <= saver.capacity - static_cast<std::size_t>(next - saver.buffer))
+            return true;
+        saver.used = static_cast<std::size_t>(next - saver.buffer);
+        const bool isthere = saver.Reserve(more);
+        next = saver.buffer + saver.used;
+        return isthere;
+    }
+
     CFile_Saver& saver;
+    char* next;
+    char spare[NumberCapacity]; ///< For numbers that have no place, for want of memory.
 };
 
 CFile_Saver::~CFile_Saver()
@@ -137,7 +167,7 @@ Result CFile_Saver::StartBlock()
 {
     if (!isopen || error != 0)
         return 0;
-    WriteLine("{");
+    WriteBrace(L"{");
     if (error != 0)
         return 0;
     ++depth;
@@ -149,7 +179,7 @@ Result CFile_Saver::EndBlock()
     if (!isopen || depth == 0)
         return 0;
     --depth;
-    WriteLine("}");
+    WriteBrace(L"}");
     return error == 0 ? 1 : 0;
 }
 
@@ -157,11 +187,14 @@ Result CFile_Saver::Write(unsigned long level, const wchar_t* format, ...)
 {
     if (!Accepts(level) || error != 0)
         return 0;
-    WriteIndent();
-    COutput output(*this);
     SFormatArguments arguments;
     va_start(arguments.list, format);
-    FormatText(output, format, arguments);
+    {
+        COutput output(*this);
+        output.PutBlanks(depth, '\t');
+        FormatText(output, format, arguments);
+        output.PutBlanks(1, '\n');
+    }
     va_end(arguments.list);
     EndLine();
     return error == 0 ? 1 : 0;
@@ -234,26 +267,19 @@ void CFile_Saver::Fail(int why)
         error = why;
 }
 
-void CFile_Saver::WriteLine(const char* text)
+void CFile_Saver::WriteBrace(const wchar_t* brace)
 {
-    WriteIndent();
-    COutput(*this).PutNumber(text, std::strlen(text));
+    {
+        COutput output(*this);
+        output.PutBlanks(depth, '\t');
+        output.PutText(brace, 1);
+        output.PutBlanks(1, '\n');
+    }
     EndLine();
-}
-
-void CFile_Saver::WriteIndent()
-{
-    if (!Reserve(depth))
-        return;
-    std::memset(buffer + used, '\t', depth);
-    used += depth;
 }
 
 void CFile_Saver::EndLine()
 {
-    if (!Reserve(1))
-        return;
-    buffer[used++] = '\n';
     if (flusheslines || used >= FlushSize)
         Flush();
 }

@@ -179,12 +179,41 @@ class CDigits
     bool ishexadecimal;
 };
 
-/// One decimal digit pair after another, from the back.
-char* WriteDigits(char* end, std::uint64_t value, int atleast)
+/// The two digits of every number below a hundred.
+struct SDigitPairs
 {
-    for (; value != 0 || atleast > 0; value /= 10, --atleast)
-        *--end = static_cast<char>('0' + value % 10);
-    return end;
+    char pairs[200];
+
+    constexpr SDigitPairs() : pairs()
+    {
+        for (int i = 0; i < 100; ++i)
+        {
+            pairs[i * 2] = static_cast<char>('0' + i / 10);
+            pairs[i * 2 + 1] = static_cast<char>('0' + i % 10);
+        }
+    }
+};
+constexpr SDigitPairs digitpairs;
+
+void WritePair(char* to, std::uint32_t number)
+{
+    std::memcpy(to, digitpairs.pairs + number * std::size_t{2}, 2);
+}
+
+/// A whole number and six decimals behind a point; returns the end.
+char* WriteMillionths(char* to, std::uint64_t millionths)
+{
+    const std::uint64_t whole = millionths / 1'000'000;
+    const auto decimals = static_cast<std::uint32_t>(millionths - whole * 1'000'000);
+    if (whole < 10)
+        *to++ = static_cast<char>('0' + whole);
+    else
+        to = std::to_chars(to, to + 20, whole).ptr;
+    *to = '.';
+    WritePair(to + 1, decimals / 10'000);
+    WritePair(to + 3, decimals / 100 % 100);
+    WritePair(to + 5, decimals % 100);
+    return to + 7;
 }
 
 /// value times a million, rounded to even, when value is a float and that fits in 64 bits.
@@ -289,16 +318,9 @@ std::size_t WriteFixed(char* to, double value)
     std::uint64_t millionths = 0;
     if (ScaleToMillionths(value, millionths))
     {
-        char digits[32];
-        char* const end = digits + sizeof(digits);
-        char* point = WriteDigits(end, millionths % 1'000'000, 6);
-        *--point = '.';
-        char* first = WriteDigits(point, millionths / 1'000'000, 1);
-        if (std::signbit(value))
-            *--first = '-';
-        const auto count = static_cast<std::size_t>(end - first);
-        std::memcpy(to, first, count);
-        return count;
+        *to = '-';
+        char* const first = to + (std::signbit(value) ? 1 : 0);
+        return static_cast<std::size_t>(WriteMillionths(first, millionths) - to);
     }
     if (std::isnan(value))
     {

@@ -12,12 +12,11 @@ struct SFormatArguments
     va_list list;
 };
 
-/// Writes `format` to `output`, which offers PutText(const wchar_t*, count) for wide text and
-/// PutNumber(const char*, count) for the characters of a number. What is no known conversion is
-/// written as it stands, and takes no argument.
+/// Writes `format` to `output`, which offers PutText(const wchar_t*, count) for wide text, and for
+/// numbers ReserveNumber(), a place for NumberCapacity characters, and TakeNumber(count), which keeps that many
+/// of them. What is no known conversion is written as it stands, and takes no argument.
 template <class TOutput> void FormatText(TOutput& output, const wchar_t* format, SFormatArguments& arguments)
 {
-    char number[NumberCapacity];
     for (;;)
     {
         const wchar_t* const first = format;
@@ -32,14 +31,15 @@ template <class TOutput> void FormatText(TOutput& output, const wchar_t* format,
         switch (*format)
         {
         case L'd':
-            output.PutNumber(number, WriteInteger(number, static_cast<std::int32_t>(va_arg(arguments.list, int))));
+            output.TakeNumber(
+                WriteInteger(output.ReserveNumber(), static_cast<std::int32_t>(va_arg(arguments.list, int))));
             break;
         case L'u':
-            output.PutNumber(number,
-                             WriteInteger(number, static_cast<std::uint32_t>(va_arg(arguments.list, unsigned))));
+            output.TakeNumber(
+                WriteInteger(output.ReserveNumber(), static_cast<std::uint32_t>(va_arg(arguments.list, unsigned))));
             break;
         case L'f':
-            output.PutNumber(number, WriteFixed(number, va_arg(arguments.list, double)));
+            output.TakeNumber(WriteFixed(output.ReserveNumber(), va_arg(arguments.list, double)));
             break;
         case L's':
             if (const wchar_t* text = va_arg(arguments.list, const wchar_t*); text != nullptr)
@@ -52,7 +52,7 @@ template <class TOutput> void FormatText(TOutput& output, const wchar_t* format,
             if (format[1] == L'9' && format[2] == L'g')
             {
                 format += 2;
-                output.PutNumber(number, WriteExact(number, va_arg(arguments.list, double)));
+                output.TakeNumber(WriteExact(output.ReserveNumber(), va_arg(arguments.list, double)));
                 break;
             }
             [[fallthrough]];

@@ -27,10 +27,15 @@ class CWideOutput
             std::copy_n(from, count, to);
     }
 
-    void PutNumber(const char* from, std::size_t count)
+    char* ReserveNumber()
+    {
+        return number;
+    }
+
+    void TakeNumber(std::size_t count)
     {
         if (wchar_t* to = Reserve(count))
-            std::copy_n(from, count, to);
+            std::copy_n(number, count, to);
     }
 
     /// The text, closed by a NUL; shorter than it should be when IsWhole says no.
@@ -76,6 +81,7 @@ class CWideOutput
         return true;
     }
 
+    char number[NumberCapacity];
     wchar_t inside[256];
     wchar_t* text = inside;
     std::size_t length = 0;

@@ -20,18 +20,21 @@ struct SFailurePlan
 };
 SFailurePlan plan;
 
-bool MayAllocate()
+/// What no machine has need not be asked for.
+constexpr std::size_t LargestSize = std::numeric_limits<std::size_t>::max() / 4;
+
+bool MayAllocate(std::size_t size)
 {
     const std::uint64_t attempt = plan.attempts++;
-    return attempt < plan.successes || attempt - plan.successes >= plan.failures;
+    const bool isplanned = attempt < plan.successes || attempt - plan.successes >= plan.failures;
+    return isplanned && size <= LargestSize;
 }
 
 /// Four classes to each doubling: the smallest class that holds `size` bytes.
 std::size_t RoundToClass(std::size_t size)
 {
     constexpr std::size_t smallest = 64;
-    constexpr std::size_t largest = std::size_t{1} << (std::numeric_limits<std::size_t>::digits - 2);
-    if (size <= smallest || size > largest)
+    if (size <= smallest)
         return size == 0 ? 1 : size;
     const std::size_t spacing = std::bit_floor(size - 1) / 4;
     return (size + spacing - 1) / spacing * spacing;
@@ -118,12 +121,12 @@ std::int64_t GetMemoryCount()
 
 void* ObtainBlock(std::size_t size)
 {
-    return MayAllocate() ? std::malloc(RoundToClass(size)) : nullptr;
+    return MayAllocate(size) ? std::malloc(RoundToClass(size)) : nullptr;
 }
 
 void* ResizeBlock(void* block, std::size_t oldsize, std::size_t newsize)
 {
-    if (!MayAllocate())
+    if (!MayAllocate(newsize))
         return nullptr;
     const std::size_t rounded = RoundToClass(newsize);
     if (block != nullptr && RoundToClass(oldsize) == rounded)

@@ -44,17 +44,16 @@ class CBlockReader
                           std::span<const SKeyword> newenders = {})
         : parser(newparser), callback(newcallback), enders(newenders),
           ownbuffer(static_cast<wchar_t*>(ObtainBlock(CFile_Parser::BlockLineCapacity * sizeof(wchar_t)))),
-          buffer(ownbuffer), rest(L"")
+          buffer(ownbuffer)
     {
     }
 
     /// Reads a block inside another reader's, in the same line buffer; the other reader's line is then
     /// empty.
     explicit CBlockReader(CBlockReader& newouter)
-        : parser(newouter.parser), callback(newouter.callback), enders(newouter.enders), buffer(newouter.buffer),
-          rest(L"")
+        : parser(newouter.parser), callback(newouter.callback), enders(newouter.enders), buffer(newouter.buffer)
     {
-        newouter.rest = L"";
+        newouter.rest = L""; // NOLINT(cert-oop58-cpp): the block inside takes the outer one's line, it is no copy
     }
 
     CBlockReader(const CBlockReader&) = delete;
@@ -293,6 +292,6 @@ class CBlockReader
     std::span<const SKeyword> enders;
     wchar_t* ownbuffer = nullptr;
     wchar_t* buffer;
-    const wchar_t* rest;
+    const wchar_t* rest = L"";
     long depth = UnknownDepth; ///< Blocks open around this block's own lines, once one was read.
 };

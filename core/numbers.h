@@ -85,7 +85,7 @@ inline bool ScanFloat(const wchar_t*& text, float& value)
     if ((std::bit_cast<std::uint64_t>(exact) & droppedbits) == halfway)
         return ScanAnyFloat(text, value);
 
-    const float magnitude = static_cast<float>(exact);
+    const auto magnitude = static_cast<float>(exact);
     value = isnegative ? -magnitude : magnitude;
     text = at;
     return true;

@@ -36,8 +36,8 @@ std::size_t RoundToClass(std::size_t size)
     constexpr std::size_t smallest = 64;
     if (size <= smallest)
         return size == 0 ? 1 : size;
-    const std::size_t spacing = std::bit_floor(size - 1) / 4;
-    return (size + spacing - 1) / spacing * spacing;
+    const std::size_t spacing = std::bit_floor(size - 1) >> 2; // a power of two
+    return (size + spacing - 1) & ~(spacing - 1);
 }
 } // namespace
 

@@ -1,5 +1,6 @@
 #include "core/numbers.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <cstring>
@@ -155,7 +156,7 @@ class CDigits
         const wchar_t* const first = text;
         for (;; ++text)
         {
-            const wchar_t letter = static_cast<wchar_t>(*text | 0x20);
+            const auto letter = static_cast<wchar_t>(*text | 0x20);
             const bool isdigit = IsDigit(*text) || (ishexadecimal && letter >= L'a' && letter <= L'f');
             if (!isdigit)
                 return text != first;
@@ -182,9 +183,9 @@ class CDigits
 /// The two digits of every number below a hundred.
 struct SDigitPairs
 {
-    char pairs[200];
+    char pairs[200] = {};
 
-    constexpr SDigitPairs() : pairs()
+    constexpr SDigitPairs()
     {
         for (int i = 0; i < 100; ++i)
         {
@@ -219,10 +220,10 @@ char* WriteMillionths(char* to, std::uint64_t millionths)
 /// value times a million, rounded to even, when value is a float and that fits in 64 bits.
 bool ScaleToMillionths(double value, std::uint64_t& millionths)
 {
-    const float single = static_cast<float>(value);
+    const auto single = static_cast<float>(value);
     if (static_cast<double>(single) != value)
         return false;
-    const std::uint32_t bits = std::bit_cast<std::uint32_t>(single);
+    const auto bits = std::bit_cast<std::uint32_t>(single);
     const std::uint32_t exponentbits = (bits >> 23) & 0xFF;
     const std::uint64_t fraction = (bits & 0x7FFFFF) | (exponentbits != 0 ? 0x800000U : 0U);
     const int exponent = static_cast<int>(exponentbits != 0 ? exponentbits : 1) - 150;
@@ -324,8 +325,7 @@ std::size_t WriteFixed(char* to, double value)
     }
     if (std::isnan(value))
     {
-        std::memcpy(to, "nan", 3);
-        return 3;
+        return static_cast<std::size_t>(std::copy_n("nan", 3, to) - to);
     }
     return static_cast<std::size_t>(std::to_chars(to, to + NumberCapacity, value, std::chars_format::fixed, 6).ptr -
                                     to);
@@ -335,8 +335,7 @@ std::size_t WriteExact(char* to, double value)
 {
     if (std::isnan(value))
     {
-        std::memcpy(to, "nan", 3);
-        return 3;
+        return static_cast<std::size_t>(std::copy_n("nan", 3, to) - to);
     }
     return static_cast<std::size_t>(std::to_chars(to, to + NumberCapacity, value, std::chars_format::general, 9).ptr -
                                     to);

@@ -33,7 +33,7 @@ inline std::size_t WidenPlain(const unsigned char* from, std::size_t count, wcha
                          _mm_or_si128(_mm_cmpeq_epi8(bytes, linefeed), _mm_cmpeq_epi8(bytes, carriagereturn)));
         const __m128i low = _mm_unpacklo_epi8(bytes, zero);
         const __m128i high = _mm_unpackhi_epi8(bytes, zero);
-        __m128i* const wide = reinterpret_cast<__m128i*>(to + done);
+        auto* const wide = reinterpret_cast<__m128i*>(to + done);
         if constexpr (sizeof(wchar_t) == 2)
         {
             _mm_storeu_si128(wide, low);

@@ -21,6 +21,7 @@
 #include "core/sys_string.h"
 #include "core/word_helpers.h"
 
+#include <cstring>
 #include <limits>
 #include <span>
 
@@ -43,7 +44,8 @@ class CBlockReader
     explicit CBlockReader(CFile_Parser* newparser, CFile_IOCallback* newcallback = nullptr,
                           std::span<const SKeyword> newenders = {})
         : parser(newparser), callback(newcallback), enders(newenders),
-          ownbuffer(static_cast<wchar_t*>(ObtainBlock(CFile_Parser::BlockLineCapacity * sizeof(wchar_t)))),
+          ownbuffer(
+              static_cast<wchar_t*>(ObtainBlock((CFile_Parser::BlockLineCapacity + LongestKeyword) * sizeof(wchar_t)))),
           buffer(ownbuffer)
     {
     }
@@ -53,7 +55,7 @@ class CBlockReader
     explicit CBlockReader(CBlockReader& newouter)
         : parser(newouter.parser), callback(newouter.callback), enders(newouter.enders), buffer(newouter.buffer)
     {
-        newouter.rest = L""; // NOLINT(cert-oop58-cpp): the block inside takes the outer one's line, it is no copy
+        newouter.rest = NoText; // NOLINT(cert-oop58-cpp): the block inside takes the outer one's line, it is no copy
     }
 
     CBlockReader(const CBlockReader&) = delete;
@@ -94,7 +96,7 @@ class CBlockReader
     /// ends the block. For lists that are read plainly.
     bool NextPlainLine()
     {
-        rest = L"";
+        rest = NoText;
         if (buffer == nullptr)
             return false;
         const std::size_t before = parser->GetOffset();
@@ -107,9 +109,8 @@ class CBlockReader
     /// Whether the line's first word is the keyword.
     bool Is(SKeyword keyword) const
     {
-        for (std::size_t i = 0; i < keyword.length; ++i)
-            if (rest[i] != keyword.text[i])
-                return false;
+        if (rest[0] != keyword.text[0] || std::memcmp(rest, keyword.text, keyword.length * sizeof(wchar_t)) != 0)
+            return false;
         const wchar_t behind = rest[keyword.length];
         return behind == L'\0' || behind == L'{' || IsBlank(behind);
     }
@@ -269,6 +270,10 @@ class CBlockReader
     }
 
   private:
+    // A keyword is compared as one block of bytes, which may reach past the line's end: so there is room
+    // for one behind the buffer, and behind the text that stands for no line.
+    static constexpr std::size_t LongestKeyword = 64;
+    static constexpr wchar_t NoText[LongestKeyword] = {};
     static constexpr long UnknownDepth = std::numeric_limits<long>::max();
 
     /// Whether the line in the buffer belongs outside this block; it is then left to be read again.
@@ -281,7 +286,7 @@ class CBlockReader
             if (Is(ender))
             {
                 parser->SetOffset(offset);
-                rest = L"";
+                rest = NoText;
                 return true;
             }
         return false;
@@ -292,6 +297,6 @@ class CBlockReader
     std::span<const SKeyword> enders;
     wchar_t* ownbuffer = nullptr;
     wchar_t* buffer;
-    const wchar_t* rest = L"";
-    long depth = UnknownDepth; ///< Blocks open around this block's own lines, once one was read.
+    const wchar_t* rest = NoText; ///< Within the buffer, or NoText.
+    long depth = UnknownDepth;    ///< Blocks open around this block's own lines, once one was read.
 };

@@ -6,8 +6,8 @@
 
 #include <string_view>
 
-/// A word that lines begin with. Its length is known when the program is compiled, so that a test of a
-/// line against it is a few comparisons.
+/// A word that lines begin with, of 1 to 63 characters. Its length is known when the program is compiled, so that a
+/// test of a line against it is a few comparisons.
 struct SKeyword
 {
     const wchar_t* text;

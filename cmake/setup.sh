@@ -34,3 +34,9 @@ build() {
     fi
     rm -f "$log"
 }
+
+# A locale with a decimal comma for the tests, in the build folder alone.
+provide_locale() {
+    export LOCPATH=$here/build/locales
+    [ -d "$LOCPATH/de_DE.UTF-8" ] || { mkdir -p "$LOCPATH" && localedef -i de_DE -f UTF-8 "$LOCPATH/de_DE.UTF-8"; }
+}

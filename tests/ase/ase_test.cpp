@@ -4,6 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <clocale>
+#include <cstdio>
+
 namespace
 {
 void LoadInto(CFileFormat_Ase& document, std::string_view text)
@@ -51,6 +54,21 @@ TEST(Ase, IsTheSameFromAnyEncodingAndLineEnd)
         LoadInto(document, text);
         EXPECT_EQ(SaveText(document), ReadSample("expected/scene.txt"));
     }
+}
+
+TEST(Ase, IsTheSameInALocaleWithADecimalComma)
+{
+    const std::string former = std::setlocale(LC_ALL, nullptr);
+    if (std::setlocale(LC_ALL, "de_DE.UTF-8") == nullptr && std::setlocale(LC_ALL, "German_Germany.1252") == nullptr)
+        GTEST_SKIP() << "no such locale is installed; ./test provides one";
+    CFileFormat_Ase document;
+    LoadInto(document, ReadSample("scene.ase"));
+    const std::string saved = SaveText(document);
+    char probe[8];
+    std::snprintf(probe, sizeof(probe), "%.1f", 0.5);
+    std::setlocale(LC_ALL, former.c_str());
+    EXPECT_STREQ(probe, "0,5") << "or this test shows nothing";
+    EXPECT_EQ(saved, ReadSample("expected/scene.txt"));
 }
 
 TEST(Ase, EmptySavesItsSceneOnly)

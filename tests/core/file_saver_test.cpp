@@ -65,17 +65,12 @@ TEST(FileSaver, WritesTextsAsTheyAre)
     EXPECT_EQ(Write(L"%s", L"\xD800x"), "\xEF\xBF\xBDx\n");
 }
 
-TEST(FileSaver, WritesNumbersWhateverTheLocale)
+TEST(FileSaver, SpreadsArgumentsOverTheirFormat)
 {
-    // Not every machine has such a locale; the C library's functions are not called either way.
-    const char* const former = std::setlocale(LC_ALL, nullptr);
-    const std::string kept = former;
-    std::setlocale(LC_ALL, "de_DE.UTF-8");
     CFile_Saver saver;
     saver.OpenMemory();
     WriteLine(&saver, L"%f %.9g %f %f %f", 0.5F, 0.1F,
               CMath_Vector3(-1, 0.25F, std::numeric_limits<float>::infinity()));
-    std::setlocale(LC_ALL, kept.c_str());
     EXPECT_STREQ(saver.GetText(), "0.500000 0.100000001 -1.000000 0.250000 inf\n");
 }
 

@@ -1,0 +1,8 @@
+#include "formats/ase/ase.h"
+#include "fuzz/fuzz.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size)
+{
+    FuzzDocument<CFileFormat_Ase>(bytes, size);
+    return 0;
+}

@@ -1,0 +1,131 @@
+#include "formats/modelbuild/material_indices.h"
+
+#include <algorithm>
+#include <iterator>
+#include <limits>
+
+namespace
+{
+template <class TVisit> void VisitIndices(CGraphics_Model& model, TVisit visit)
+{
+    for (CGraphics_Model::CGeometry* const geometry : model.Geometries)
+        for (SGraphics_Face& face : geometry->Mesh.Faces)
+            visit(face.Material);
+}
+
+std::size_t CountFaces(const CGraphics_Model& model)
+{
+    std::size_t count = 0;
+    for (const CGraphics_Model::CGeometry* const geometry : model.Geometries)
+        count += geometry->Mesh.Faces.NumItems;
+    return count;
+}
+
+/// The distinct indices among those offered, in order. Only the smallest ones, when there is no memory for all.
+class CDistinctIndices
+{
+  public:
+    /// mostoffers: how often Add will be called at most.
+    explicit CDistinctIndices(std::size_t mostoffers)
+    {
+        // One place more than is ever taken, so that the block never counts as full.
+        block = static_cast<std::uint32_t*>(ObtainBlock((mostoffers + 1) * sizeof(std::uint32_t)));
+        items = block != nullptr ? block : inside;
+        capacity = block != nullptr ? mostoffers + 1 : std::size(inside);
+    }
+
+    CDistinctIndices(const CDistinctIndices&) = delete;
+    CDistinctIndices& operator=(const CDistinctIndices&) = delete;
+
+    ~CDistinctIndices()
+    {
+        ReleaseBlock(block);
+    }
+
+    void Add(std::uint32_t index)
+    {
+        if (!Accepts(index) || std::binary_search(items, items + sorted, index))
+            return;
+        items[count++] = index;
+        // Sorting again only when half is new keeps the cost of all sorting at n log n.
+        if (count == capacity || count - sorted > std::max<std::size_t>(sorted, 32))
+            Sort();
+    }
+
+    /// After the last Add.
+    void Finish()
+    {
+        Sort();
+    }
+
+    /// False for an index that was too large to find a place; true for all that were offered else.
+    bool Accepts(std::uint32_t index) const
+    {
+        return index <= largest;
+    }
+
+    bool IsComplete() const
+    {
+        return largest == std::numeric_limits<std::uint32_t>::max();
+    }
+
+    std::uint32_t GetCount() const
+    {
+        return static_cast<std::uint32_t>(count);
+    }
+
+    std::uint32_t GetRank(std::uint32_t index) const
+    {
+        return static_cast<std::uint32_t>(std::lower_bound(items, items + count, index) - items);
+    }
+
+  private:
+    void Sort()
+    {
+        const bool isfull = count == capacity;
+        std::sort(items, items + count);
+        count = static_cast<std::size_t>(std::unique(items, items + count) - items);
+        if (isfull && count > capacity / 2)
+        {
+            count = capacity / 2;
+            largest = items[count - 1];
+        }
+        sorted = count;
+    }
+
+    std::uint32_t inside[256];
+    std::uint32_t* block;
+    std::uint32_t* items;
+    std::size_t capacity;
+    std::size_t count = 0;
+    std::size_t sorted = 0; ///< How many of the first items are in order and distinct.
+    std::uint32_t largest = std::numeric_limits<std::uint32_t>::max();
+};
+} // namespace
+
+std::uint32_t RenumberMaterialIndices(CGraphics_Model& model)
+{
+    const std::size_t faces = CountFaces(model);
+    std::uint32_t numbered = 0;
+    for (bool iscomplete = false; !iscomplete;)
+    {
+        // Every new index is below `numbered` and every old one is not: at least that many are smaller.
+        CDistinctIndices distinct(faces);
+        VisitIndices(model,
+                     [&](std::uint32_t index)
+                     {
+                         if (index >= numbered)
+                             distinct.Add(index);
+                     });
+        distinct.Finish();
+        VisitIndices(model,
+                     [&](std::uint32_t& index)
+                     {
+                         if (index >= numbered && distinct.Accepts(index))
+                             index = numbered + distinct.GetRank(index);
+                     });
+        numbered += distinct.GetCount();
+        iscomplete = distinct.IsComplete();
+    }
+    return std::max<std::uint32_t>(numbered, 1);
+}

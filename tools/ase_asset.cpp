@@ -1,5 +1,6 @@
 /// ASE scenes for asset_tool.
 #include "formats/ase/ase.h"
+#include "formats/modelbuild/model_from_ase.h"
 #include "tools/ase_json.h"
 #include "tools/asset.h"
 
@@ -168,6 +169,11 @@ class CAseAsset : public CAsset
     Result Save(CFile_Saver& saver) override
     {
         return document.Save(&saver);
+    }
+
+    Result BuildModel(CGraphics_Model& model, float scale) override
+    {
+        return CreateModelFromASE(model, document, scale);
     }
 
     void Describe(std::ostream& out) const override

@@ -10,6 +10,8 @@
 #include <span>
 #include <string_view>
 
+class CGraphics_Model;
+
 /// A document or container of the library, in the form that the commands work on.
 class CAsset
 {
@@ -24,6 +26,15 @@ class CAsset
 
     /// Writes the engine text block form. Returns what the document's Save returns.
     virtual Result Save(CFile_Saver& saver) = 0;
+
+    /// Appends what the asset makes of itself to an engine model, with `scale` model units for each of its own.
+    /// Returns 0, the model untouched, for a kind that makes none.
+    virtual Result BuildModel(CGraphics_Model& model, float scale)
+    {
+        (void)model;
+        (void)scale;
+        return 0;
+    }
 
     /// Prints what a person wants to know at a glance, anything suspicious last.
     virtual void Describe(std::ostream& out) const = 0;

@@ -70,6 +70,11 @@ int Run(int argc, char** argv)
     CLI::App* const convert = AddCommand(app, "convert", "Loads IN and saves it in the engine text block form",
                                          "convert scene.ase -o scene.txt", options, loglevel);
     AddOutputOption(convert, options);
+    CLI::App* const model = AddCommand(app, "model", "Builds an engine model of an ASE scene and saves it",
+                                       "model scene.ase -o scene.model --scale 0.01", options, loglevel);
+    AddOutputOption(model, options);
+    model->add_option("--scale", options.scale, "Model units for each unit of the scene")->capture_default_str();
+    model->add_flag("--json", options.isjson, "Save the model as JSON");
     CLI::App* const inspect =
         AddCommand(app, "inspect", "Loads IN and prints what it holds", "inspect scene.ase --json", options, loglevel);
     inspect->add_flag("--json", options.isjson, "Print everything that was loaded, as JSON");
@@ -92,6 +97,8 @@ int Run(int argc, char** argv)
     {
         if (convert->parsed())
             Convert(options);
+        else if (model->parsed())
+            BuildModel(options);
         else
             Inspect(options);
     }

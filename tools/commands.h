@@ -16,5 +16,8 @@ struct SCommandOptions
 /// Loads the input and saves it in the engine text block form.
 void Convert(const SCommandOptions& options);
 
+/// Loads an ASE scene, builds an engine model of it and saves that, in the engine text block form or as JSON.
+void BuildModel(const SCommandOptions& options);
+
 /// Loads the input and prints what it holds.
 void Inspect(const SCommandOptions& options);

@@ -35,3 +35,4 @@ std::size_t TakePeakMemory();
 
 /// Each file registers its benchmarks in one function, called from main.
 void RegisterAseBenchmarks();
+void RegisterModelBenchmarks();

@@ -106,6 +106,22 @@ TEST_F(AssetTool, InspectsForPeopleAndPrograms)
     EXPECT_EQ(json.out, ReadFile(std::string(SAMPLES_FOLDER) + "/expected/scene.json"));
 }
 
+TEST_F(AssetTool, BuildsModels)
+{
+    const std::string text = ReadFile(std::string(SAMPLES_FOLDER) + "/expected/scene_model.txt");
+    const std::string json = ReadFile(std::string(SAMPLES_FOLDER) + "/expected/scene_model.json");
+    const SRun plain = Run("model --scale 0.5 " + sample);
+    EXPECT_EQ(plain.status, 0) << plain.err;
+    EXPECT_EQ(plain.out, text);
+    const fs::path result = folder / "scene.model";
+    const SRun tofile = Run("model --json --scale 0.5 " + sample + " -o " + result.string());
+    EXPECT_EQ(tofile.status, 0) << tofile.err;
+    EXPECT_EQ(tofile.out, "");
+    EXPECT_EQ(ReadFile(result), json);
+    EXPECT_EQ(Run("model --scale half " + sample).status, 2);
+    EXPECT_EQ(Run("model " + (folder / "missing.ase").string()).status, 1);
+}
+
 TEST_F(AssetTool, PointsOutWhatIsSuspicious)
 {
     const fs::path scene =
@@ -194,7 +210,7 @@ TEST_F(AssetTool, ExplainsItself)
     const SRun version = Run("--version");
     EXPECT_EQ(version.status, 0);
     EXPECT_EQ(version.out.substr(0, 11), "asset_tool ");
-    for (const char* command : {"convert", "inspect"})
+    for (const char* command : {"convert", "inspect", "model"})
     {
         const SRun help = Run(std::string(command) + " --help");
         EXPECT_EQ(help.status, 0);

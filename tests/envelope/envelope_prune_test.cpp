@@ -1,0 +1,154 @@
+/// Pruning of bones that no weight names: compared with the rule it follows, carried out step by step.
+#include "formats/envelope/envelope.h"
+
+#include "tests/support/documents.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+namespace
+{
+/// What pruning reads and changes.
+struct SSkin
+{
+    struct SBone
+    {
+        std::uint32_t name;
+        std::uint32_t id;
+
+        bool operator==(const SBone&) const = default;
+    };
+    std::vector<SBone> bones;
+    std::vector<std::vector<std::uint32_t>> vertices; ///< The ids that the weights name.
+
+    bool operator==(const SSkin&) const = default;
+};
+
+std::ostream& operator<<(std::ostream& out, const SSkin& skin)
+{
+    for (const SSkin::SBone& bone : skin.bones)
+        out << 'b' << bone.name << '=' << bone.id << ' ';
+    for (const auto& vertex : skin.vertices)
+    {
+        out << '(';
+        for (const std::uint32_t id : vertex)
+            out << id << ' ';
+        out << ')';
+    }
+    return out;
+}
+
+/// The rule: a flag for each id up to the greatest; as long as one is not set, the lowest such id is taken out,
+/// with the first bone that has it, and everything above it is lowered.
+void PruneSlowly(SSkin& skin)
+{
+    std::uint64_t top = 0;
+    for (const SSkin::SBone& bone : skin.bones)
+        top = std::max<std::uint64_t>(top, bone.id);
+    std::vector<int> flags(top + 1);
+    for (;;)
+    {
+        std::fill(flags.begin(), flags.end(), 0);
+        for (const auto& vertex : skin.vertices)
+            for (const std::uint32_t id : vertex)
+                if (id < flags.size())
+                    flags[id] = 1;
+        const auto unset = std::find(flags.begin(), flags.end(), 0);
+        if (unset == flags.end())
+            return;
+        const auto id = static_cast<std::uint32_t>(unset - flags.begin());
+        flags.erase(unset);
+        const auto bone = std::find_if(skin.bones.begin(), skin.bones.end(),
+                                       [id](const SSkin::SBone& candidate) { return candidate.id == id; });
+        if (bone != skin.bones.end())
+            skin.bones.erase(bone);
+        for (SSkin::SBone& other : skin.bones)
+            other.id -= other.id > id ? 1 : 0;
+        for (auto& vertex : skin.vertices)
+            for (std::uint32_t& other : vertex)
+                other -= other > id ? 1 : 0;
+    }
+}
+
+/// The same skin as a document's text prunes it. Bones are told apart by their falloff.
+SSkin PruneDocument(const SSkin& skin)
+{
+    std::string text;
+    for (const SSkin::SBone& bone : skin.bones)
+        text += "[boneName]\n[boneID] " + std::to_string(static_cast<std::int32_t>(bone.id)) + "\nboneFalloff " +
+                std::to_string(bone.name) + '\n';
+    for (const auto& vertex : skin.vertices)
+    {
+        text += "[vertex]\nvertexWeightCount " + std::to_string(vertex.size()) + "\nvertexWeight";
+        for (const std::uint32_t id : vertex)
+            text += ' ' + std::to_string(static_cast<std::int32_t>(id)) + ",0";
+        text += '\n';
+    }
+    CFileFormat_Envelope document;
+    LoadText(document, text);
+    SSkin pruned;
+    for (const CFileFormat_Envelope::CEnvelopeBone& bone : document.bones)
+        pruned.bones.push_back({static_cast<std::uint32_t>(bone.boneFalloff), bone.boneID});
+    for (const CFileFormat_Envelope::CEnvelopeVertexData& vertex : document.vertices)
+    {
+        pruned.vertices.emplace_back();
+        for (const auto& pair : vertex.GetWeights())
+            pruned.vertices.back().push_back(pair.bone);
+    }
+    return pruned;
+}
+} // namespace
+
+TEST(EnvelopePrune, AgreesWithTheRuleOnRandomSkins)
+{
+    std::mt19937 random(20240229);
+    const auto below = [&random](std::uint32_t limit) { return static_cast<std::uint32_t>(random() % limit); };
+    for (int round = 0; round < 20'000; ++round)
+    {
+        SSkin skin;
+        const std::uint32_t ids = 1 + below(14);
+        for (std::uint32_t i = below(12); i > 0; --i)
+            skin.bones.push_back({i, below(ids)});
+        for (std::uint32_t i = below(5); i > 0; --i)
+        {
+            skin.vertices.emplace_back();
+            for (std::uint32_t j = below(4); j > 0; --j)
+                skin.vertices.back().push_back(below(ids + 3));
+        }
+        const SSkin pruned = PruneDocument(skin);
+        SSkin expected = skin;
+        PruneSlowly(expected);
+        ASSERT_EQ(pruned, expected) << "from " << skin;
+    }
+}
+
+TEST(EnvelopePrune, HugeIdsCostNothing)
+{
+    // Three bones far apart: the last one's id is the flag list's end, the vertices name two of them and one id
+    // that no bone has.
+    const SSkin skin = {{{1, 2'000'000'000}, {2, 0xFFFFFFFF}, {3, 7}, {4, 1'999'999'999}},
+                        {{2'000'000'000, 7}, {2'000'000'001}, {0xFFFFFFFF}}};
+    const SSkin expected = {{{1, 1}, {2, 3}, {3, 0}}, {{1, 0}, {2}, {3}}};
+    EXPECT_EQ(PruneDocument(skin), expected);
+
+    // Ten bones share a far id that nothing names. Taking it out takes the first of them, each of the four ids
+    // behind it another one, and the last id the bone that stands first in the file; five stay, with the number
+    // behind the one id in use.
+    SSkin shared = {{{99, 2'000'000'005}}, {{3, 0x80000000}}};
+    for (std::uint32_t i = 0; i < 10; ++i)
+        shared.bones.push_back({i, 2'000'000'000});
+    const SSkin left = {{{5, 1}, {6, 1}, {7, 1}, {8, 1}, {9, 1}}, {{0, 0x80000000 - 2'000'000'005}}};
+    EXPECT_EQ(PruneDocument(shared), left);
+}
+
+TEST(EnvelopePrune, WithoutMemoryNothingIsRemoved)
+{
+    const std::string text = "[boneName]\n[boneID] 4\n[boneName]\n[boneID] 9\n[vertex\nvertexWeightCount 1\n";
+    FailAllocations(3, 1); // the line, the bones and the vertices are had
+    CFileFormat_Envelope document;
+    LoadText(document, text);
+    FailAllocations(0, 0);
+    ASSERT_EQ(document.bones.GetNumItems(), 2U);
+    EXPECT_EQ(document.bones[1]->boneID, 9U);
+}

@@ -1,0 +1,386 @@
+/// Skin envelopes: what each line does, what is printed, what broken and hostile texts do.
+#include "formats/envelope/envelope.h"
+
+#include "core/numbers.h"
+#include "tests/support/documents.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <clocale>
+#include <cstring>
+#include <memory>
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+namespace
+{
+using CVertex = CFileFormat_Envelope::CEnvelopeVertexData;
+
+/// Loads the text and keeps what it printed.
+std::string LoadEnvelope(CFileFormat_Envelope& document, std::string_view text)
+{
+    testing::internal::CaptureStdout();
+    EXPECT_EQ(LoadText(document, text), 1);
+    std::fflush(stdout);
+    return testing::internal::GetCapturedStdout();
+}
+
+/// "bone:weight" for each pair in use.
+std::string ShowWeights(const CVertex& vertex)
+{
+    std::string text;
+    for (const CVertex::SWeight& pair : vertex.GetWeights())
+    {
+        char digits[NumberCapacity];
+        text += std::to_string(pair.bone) + ':';
+        text.append(digits, WriteExact(digits, pair.weight)) += ' ';
+    }
+    return text;
+}
+
+std::vector<unsigned long> GetExclusions(const CFileFormat_Envelope& document, unsigned long index)
+{
+    const TArray<unsigned long>& list = document.exclusionLists[index]->excludedVerts;
+    return {list.begin(), list.end()};
+}
+
+/// Bones whose ids are their positions, all of them named by a vertex, so that pruning changes nothing.
+std::string NameBones(unsigned count)
+{
+    std::string text;
+    for (unsigned i = 0; i < count; ++i)
+        text += "[boneName] b\n[boneID] " + std::to_string(i) + "\n[vertex]\nvertexWeightCount 1\nvertexWeight " +
+                std::to_string(i) + ",1\n";
+    return text;
+}
+
+void LoadAnything(std::string_view text)
+{
+    const std::unique_ptr<char[]> exact(new char[text.size()]);
+    std::memcpy(exact.get(), text.data(), text.size());
+    CFileFormat_Envelope document;
+    EXPECT_EQ(LoadText(document, {exact.get(), text.size()}), 1);
+    for (const CVertex& vertex : document.vertices)
+        EXPECT_LE(vertex.vertexWeightCount, 20U);
+    const CFileFormat_Envelope copy(document);
+    EXPECT_EQ(copy.bones.GetNumItems(), document.bones.GetNumItems());
+}
+} // namespace
+
+TEST(Envelope, ReadsTheSampleWithDecimalCommas)
+{
+    CFileFormat_Envelope document;
+    LoadEnvelope(document, ReadSample("arm.envASCII"));
+    EXPECT_EQ(document.ver, 3);
+    EXPECT_EQ(document.nodeCount, 1);
+    EXPECT_STREQ(document.baseNodeName.Get(), L"Arm Mesh");
+    ASSERT_EQ(document.bones.GetNumItems(), 3U) << "no weight names the twist bone";
+    const CFileFormat_Envelope::CEnvelopeBone& hand = *document.bones[2];
+    EXPECT_STREQ(hand.boneName.Get(), L"Bip01 Hand");
+    EXPECT_EQ(hand.boneID, 2U) << "5 in the text";
+    EXPECT_EQ(hand.boneFlagAbsolute, 1);
+    EXPECT_EQ(hand.boneFalloff, 2);
+    EXPECT_EQ(hand.boneEndPoint, CMath_Vector3(7.5F, -0.75F, 0.125F));
+    EXPECT_EQ(hand.crossSection.outer0, 1.25F);
+    EXPECT_EQ(hand.crossSection.u1, 0.9F);
+    ASSERT_EQ(document.vertices.GetNumItems(), 6U);
+    EXPECT_EQ(document.vertices[2]->vertexLocalPosition, CMath_Vector3(3.75F, 0.5F, 0.25F));
+    EXPECT_EQ(ShowWeights(*document.vertices[1]), "0:0.75 1:0.25 ");
+    EXPECT_EQ(ShowWeights(*document.vertices[3]), "2:0.699999988 1:9.99999975e-05 ");
+    EXPECT_EQ(ShowWeights(*document.vertices[5]), "2:0.800000012 1:0.150000006 0:9.99999975e-05 ");
+    ASSERT_EQ(document.exclusionLists.GetNumItems(), 3U);
+    EXPECT_THAT(GetExclusions(document, 2), ElementsAre(3U, 0U));
+}
+
+TEST(Envelope, PrintsAndLogsWhatItExcludes)
+{
+    CLogWatch log(1);
+    CFileFormat_Envelope document;
+    EXPECT_EQ(LoadEnvelope(document, ReadSample("tail.env")), "exclusion list added\nexcluded vertices = 0\n"
+                                                              "exclusion list added\nexcluded vertices = 2\n"
+                                                              "exclusion list added\nexcluded vertices = 1\n"
+                                                              "num excluded vertices: 0 = 0\n"
+                                                              "num excluded vertices: 1 = 2\n"
+                                                              "excluding vertex 1 -> 0: 1\n"
+                                                              "num excluded vertices: 2 = 1\n"
+                                                              "excluding vertex 2 -> 1: 2\n");
+    EXPECT_EQ(log.GetText(), "exclude list: 1 (2)\nexclude list: 2 (1)\n");
+    EXPECT_EQ(ShowWeights(*document.vertices[1]), "1:9.99999975e-05 0:0.5 ") << "not sorted again";
+}
+
+struct SLines
+{
+    const char* name;
+    const char* lines;
+    std::string (*show)(const CFileFormat_Envelope&);
+    const char* shown;
+};
+
+std::string ShowBone(const CFileFormat_Envelope& document)
+{
+    const CFileFormat_Envelope::CEnvelopeBone& bone = *document.bones[0];
+    std::string text;
+    for (const std::int32_t number :
+         {bone.boneFlagLock, bone.boneFlagAbsolute, bone.boneFlagSpline, bone.boneFlagSplineClosed,
+          bone.boneFlagDrawEnveloe, bone.boneFlagIsOldBone, bone.boneFlagDead, bone.boneFalloff})
+        text += std::to_string(number) + ' ';
+    return text;
+}
+
+std::string ShowFloats(const CFileFormat_Envelope& document)
+{
+    const CFileFormat_Envelope::CEnvelopeBone& bone = *document.bones[0];
+    const CFileFormat_Envelope::CEnvelopeBoneCrossection& section = bone.crossSection;
+    std::string text;
+    for (const float number :
+         {bone.boneStartPoint.x, bone.boneStartPoint.y, bone.boneStartPoint.z, bone.boneEndPoint.x, bone.boneEndPoint.y,
+          bone.boneEndPoint.z, section.inner0, section.outer0, section.u0, section.inner1, section.outer1, section.u1})
+    {
+        char digits[NumberCapacity];
+        text.append(digits, WriteExact(digits, number)) += ' ';
+    }
+    return text;
+}
+
+std::string ShowVertex(const CFileFormat_Envelope& document)
+{
+    const CVertex& vertex = *document.vertices[document.vertices.GetNumItems() - 1];
+    std::string text;
+    for (const std::int32_t number :
+         {vertex.vertexIsModified, vertex.vertexIsRigid, vertex.vertexIsRigidHandle, vertex.vertexIsUnNormalized})
+        text += std::to_string(number) + ' ';
+    return text + ShowWeights(vertex);
+}
+
+std::string ShowDocument(const CFileFormat_Envelope& document)
+{
+    return std::to_string(document.ver) + ' ' + std::to_string(document.nodeCount) + ' ' +
+           std::to_string(document.bones.GetNumItems()) + ' ' + std::to_string(document.vertices.GetNumItems()) + ' ' +
+           std::to_string(document.exclusionLists.GetNumItems());
+}
+
+class EnvelopeLine : public testing::TestWithParam<SLines>
+{
+};
+
+/// The lines stand behind a bone 0 that a vertex names, in that vertex.
+TEST_P(EnvelopeLine, IsRead)
+{
+    CFileFormat_Envelope document;
+    LoadEnvelope(document, "[boneName] a\n[vertex0]\nvertexWeightCount 1\n" + std::string(GetParam().lines));
+    EXPECT_EQ(GetParam().show(document), GetParam().shown);
+}
+
+static const SLines kLines[] = {
+    {"FlagsTakeTheirOwnLinesOnly",
+     "boneFlagLock 1\nboneFlagAbsolute 2\nboneFlagSpline 3\n\tboneFlagSplineClosed 4\nboneFlagDrawEnveloe 5\n"
+     "boneFlagIsOldBone 6\nboneFlagDead 7\nboneFalloff 2.5\nboneFlagSplin 8\nboneFlagLocks 9\nboneCrossSectionCount "
+     "2\n",
+     ShowBone, "1 2 3 4 5 6 7 2 "},
+    {"NumbersThatDoNotParseStay", "boneFlagLock 5\nboneFlagLock x\nboneFlagLock\nboneFalloff\nboneFalloff ,5\n",
+     ShowBone, "5 0 0 0 0 0 0 0 "},
+    {"PointsHaveDecimalCommas", "boneStartPoint 1,5 2 -3\nboneEndPoint 0,5 x 2\nboneCrossSectionInner0 0,5\n",
+     ShowFloats, "1.5 2 -3 0.5 0 0 0 0 0 0 0 0 "},
+    {"CrossSections",
+     "boneCrossSectionInner0 1\nboneCrossSectionOuter0 2\nboneCrossSectionU0 3\nboneCrossSectionInner1 4\n"
+     "boneCrossSectionOuter1 5.5\nboneCrossSectionU1 -6e1\n",
+     ShowFloats, "0 0 0 0 0 0 1 2 3 4 5.5 -60 "},
+    {"VertexFlagsTakeTheirOwnLinesOnly",
+     "vertexIsModified 1\nvertexIsRigid 2\nvertexIsRigidHandle 3\nvertexIsUnNormalized 4\nvertexSplineData 5 6 7\n",
+     ShowVertex, "1 2 3 4 0:1 "},
+    {"WeightsAreSorted", "vertexWeightCount 4\nvertexWeight 0,0.1 0,0.4 0,0.3 0,0.2\n", ShowVertex,
+     "0 0 0 0 0:0.400000006 0:0.300000012 0:0.200000003 0:0.100000001 "},
+    {"EqualWeightsKeepTheirOrder",
+     "[boneName] b\n[boneID] 1\n[boneName] c\n[boneID] 2\nvertexWeightCount 3\nvertexWeight 2,0.25 1,0.5 0,0.25\n",
+     ShowVertex, "0 0 0 0 1:0.5 2:0.25 0:0.25 "},
+    {"DecimalCommasInWeights", "[boneName] b\n[boneID] 1\nvertexWeightCount 2\nvertexWeight 1,0,25 0,0,75\n",
+     ShowVertex, "0 0 0 0 0:0.75 1:0.25 "},
+    {"DecimalCommaBeyondTheFifthCharacter", "vertexWeightCount 3\nvertexWeight 123,0,5 12,0,5 0,1\n", ShowVertex,
+     "0 0 0 0 0:1 12:0.5 123:0 "},
+    {"DecimalCommaOfTheNextPair", "vertexWeightCount 2\nvertexWeight 0,1 ,5 0,2\n", ShowVertex, "0 0 0 0 0:1 0:0 "},
+    {"MissingPairsKeepTheirs", "vertexWeightCount 3\nvertexWeight x 0,.5\n", ShowVertex, "0 0 0 0 0:1 0:0.5 0:0 "},
+    {"NoPairs", "vertexWeight\n", ShowVertex, "0 0 0 0 0:1 "},
+    {"WeightCountBelowZero", "vertexWeightCount -4\nvertexWeight 0,0.5\n", ShowVertex, "0 0 0 0 "},
+    {"WeightCountBeyondTwenty",
+     "vertexWeightCount 21\nvertexWeight 0,1 0,1 0,1 0,1 0,1 0,1 0,1 0,1 0,1 0,1 0,1 0,1 0,1 0,1 0,1 0,1 0,1 0,1 0,1 "
+     "0,2 "
+     "0,3\n",
+     ShowVertex, "0 0 0 0 0:2 0:1 0:1 0:1 0:1 0:1 0:1 0:1 0:1 0:1 0:1 0:1 0:1 0:1 0:1 0:1 0:1 0:1 0:1 0:1 "},
+    {"LinesThatKeepNothing",
+     "numberBones 7\nswitchbones:\nswitchbones: 1 2\n[Vertex Data]\nvertexCount 8\nnodeCount 4\nver 2\nversion 9\n"
+     "numberOfExclusinList 3\n{\n}\nbones\n",
+     ShowDocument, "2 4 1 1 0"},
+    {"HeadingsOfAllForms",
+     "[vertex\n[vertex9]\n[vertex 9]\n[Vertex]\n[exclusionListForBone\n[exclusionListForBone 9]\n"
+     "[exclusionListForBone]\n",
+     ShowDocument, "0 0 1 4 2"},
+};
+
+INSTANTIATE_TEST_SUITE_P(Envelope, EnvelopeLine, testing::ValuesIn(kLines),
+                         [](const testing::TestParamInfo<SLines>& row) { return std::string(row.param.name); });
+
+TEST(Envelope, LinesWithoutTheirRecordAreSkipped)
+{
+    CFileFormat_Envelope document;
+    LoadEnvelope(document, NameBones(1));
+    LoadEnvelope(document, "boneFlagLock 1\n[boneID] 7\nboneStartPoint 1 2 3\nvertexIsRigid 1\nvertexWeightCount 2\n"
+                           "vertexWeight 5,1\nexclusionVertexCount 1\nexcludedVerts 0\n");
+    ASSERT_EQ(document.bones.GetNumItems(), 1U);
+    EXPECT_EQ(ShowBone(document), "0 0 0 0 0 0 0 0 ");
+    EXPECT_EQ(document.bones[0]->boneID, 0U);
+    EXPECT_EQ(ShowVertex(document), "0 0 0 0 0:1 ");
+}
+
+TEST(Envelope, KeepsNamesAsTheyStand)
+{
+    CFileFormat_Envelope document;
+    LoadEnvelope(document,
+                 "[boneName] Bip01  \"L\" %s%n {\n[boneID] -1\n[vertex]\nvertexWeightCount 1\nvertexWeight -1,1\n"
+                 "[baseNodeName]\t\xC4rm\n");
+    EXPECT_STREQ(document.bones[0]->boneName.Get(), L"Bip01  \"L\" %s%n {");
+    EXPECT_STREQ(document.baseNodeName.Get(), L"\u00C4rm");
+}
+
+TEST(Envelope, ExclusionListsAreRead)
+{
+    CLogWatch log(1);
+    CFileFormat_Envelope document;
+    LoadEnvelope(document, NameBones(3) + "[exclusionListForBone 9\n"
+                                          "exclusionVertexCount 3\nexcludedVerts 1 2 9\n"
+                                          "excludedVerts 5\n" // nothing is pending any more
+                                          "[exclusionListForBone\n"
+                                          "excludedVerts 7\n"
+                                          "exclusionVertexCount 5\nexcludedVerts 2 x -1 1.5\n");
+    EXPECT_THAT(GetExclusions(document, 0), ElementsAre()) << "the second line replaces the first";
+    EXPECT_THAT(GetExclusions(document, 1), ElementsAre(2U, 0xFFFFFFFFU, 1U));
+    EXPECT_EQ(log.GetText(), "exclude list: 0 (3)\nexclude list: 0 (0)\nexclude list: 1 (0)\nexclude list: 1 (5)\n"
+                             "error!!!\nstring = []\n");
+}
+
+TEST(Envelope, TellsTheEntriesOfTheSixtySecondList)
+{
+    CLogWatch log(1);
+    std::string text;
+    for (int i = 0; i < 63; ++i)
+        text += "[exclusionListForBone\n";
+    const std::size_t last = text.size() - std::strlen("[exclusionListForBone\n");
+    text.insert(last, "exclusionVertexCount 2\nexcludedVerts 4 8\n");
+    CFileFormat_Envelope document;
+    LoadEnvelope(document, text + "exclusionVertexCount 1\nexcludedVerts 5\n");
+    EXPECT_EQ(log.GetText(), "exclude list: 61 (2)\nexclude: 61 -> 4\nexclude: 61 -> 8\nexclude list: 62 (1)\n");
+}
+
+TEST(Envelope, LoadingTwiceAppendsAndDestroyEmpties)
+{
+    const CRegistryWatch watch;
+    {
+        CFileFormat_Envelope document;
+        const std::string sample = ReadSample("arm.envASCII");
+        LoadEnvelope(document, sample);
+        const CFileFormat_Envelope copy(document);
+        LoadEnvelope(document, "[boneName]\n[vertex\nvertexWeightCount 1\n");
+        ASSERT_EQ(document.bones.GetNumItems(), 4U);
+        EXPECT_EQ(document.bones[3]->boneEndPoint, CMath_Vector3()) << "a new bone knows nothing of a removed one";
+        LoadEnvelope(document, sample);
+        EXPECT_EQ(document.vertices.GetNumItems(), 13U);
+        EXPECT_EQ(document.exclusionLists.GetNumItems(), 6U);
+        EXPECT_EQ(SaveText(document), "{\n}\n");
+        CFile_Saver closed;
+        EXPECT_EQ(document.Save(&closed), 0);
+        EXPECT_EQ(document.Destroy(), 1);
+        EXPECT_EQ(ShowDocument(document), "0 0 0 0 0");
+        EXPECT_TRUE(document.baseNodeName.IsEmpty());
+        EXPECT_EQ(copy.vertices.GetNumItems(), 6U);
+    }
+    EXPECT_TRUE(watch.IsBalanced());
+}
+
+TEST(Envelope, ReadsLinesOfSixtyFiveThousandCharacters)
+{
+    std::string numbers;
+    while (numbers.size() < 65'000)
+        numbers += " 123456";
+    CFileFormat_Envelope document;
+    LoadEnvelope(document, "[exclusionListForBone 0]\nexclusionVertexCount 10000\nexcludedVerts" + numbers + "\n");
+    EXPECT_EQ(document.exclusionLists[0]->excludedVerts.GetNumItems(), numbers.size() / 7);
+}
+
+TEST(Envelope, DoesNotKnowTheProcessLocale)
+{
+    const char* const found = std::setlocale(LC_ALL, "de_DE.UTF-8");
+    CFileFormat_Envelope document;
+    LoadEnvelope(document, "[boneName] a\n[vertex\nvertexWeightCount 1\nvertexWeight 0,0.5\nboneCrossSectionU0 0.25\n");
+    std::setlocale(LC_ALL, "C");
+    EXPECT_EQ(ShowWeights(*document.vertices[0]), "0:0.5 ") << (found != nullptr ? found : "no such locale here");
+    EXPECT_EQ(document.bones[0]->crossSection.u0, 0.25F);
+}
+
+TEST(EnvelopeHostile, LyingCountsCostNothing)
+{
+    CLogWatch log(2);
+    CRegistryWatch watch;
+    CFileFormat_Envelope document;
+    const std::string printed =
+        LoadEnvelope(document, "[exclusionListForBone 0]\nexclusionVertexCount 4000000000\nexcludedVerts 3\n"
+                               "vertexWeightCount 4000000000\nnumberBones 4000000000\n");
+    EXPECT_THAT(printed, HasSubstr("excluded vertices = 2147483647\n"));
+    EXPECT_THAT(GetExclusions(document, 0), ElementsAre(3U));
+    EXPECT_EQ(log.GetText(), "text(3): 2147483647 excluded vertices cannot stand in this line, 1 are read\n");
+    EXPECT_LT(watch.registry.GetAllocatedSize(), 5000U);
+}
+
+TEST(EnvelopeHostile, CutOrChangedAnywhere)
+{
+    const CRegistryWatch watch;
+    static constexpr std::string_view bytes("\0\n\r[]\" \t,.9-xv{\xFF", 16);
+    testing::internal::CaptureStdout();
+    for (const char* name : {"arm.envASCII", "tail.env"})
+    {
+        const std::string sample = ReadSample(name);
+        for (std::size_t i = 0; i <= sample.size(); ++i)
+        {
+            LoadAnything(std::string_view(sample).substr(0, i));
+            std::string changed = sample;
+            if (i < sample.size())
+                changed[i] = bytes[i % bytes.size()];
+            LoadAnything(changed);
+        }
+    }
+    testing::internal::GetCapturedStdout();
+    EXPECT_TRUE(watch.IsBalanced());
+}
+
+TEST(EnvelopeHostile, EveryAllocationFails)
+{
+    const CRegistryWatch watch;
+    const std::string sample = ReadSample("arm.envASCII");
+    testing::internal::CaptureStdout();
+    FailAllocations(~0ULL, 0);
+    LoadAnything(sample);
+    const std::uint64_t attempts = GetNumAllocationAttempts();
+    ASSERT_GT(attempts, 15U);
+    for (std::uint64_t n = 0; n < attempts; ++n)
+        for (const std::uint64_t failures : {std::uint64_t{1}, ~std::uint64_t{0} / 2})
+        {
+            FailAllocations(n, failures);
+            CFileFormat_Envelope document;
+            EXPECT_EQ(LoadText(document, sample), 1);
+            const CFileFormat_Envelope copy(document);
+        }
+    FailAllocations(0, 0);
+    testing::internal::GetCapturedStdout();
+    EXPECT_TRUE(watch.IsBalanced());
+}
+
+TEST(EnvelopeHostile, WithoutMemoryForARecordItsLinesAreSkipped)
+{
+    CFileFormat_Envelope document;
+    FailAllocations(1, 1); // the line is had, the first bone is not
+    LoadEnvelope(document, "[boneName]\n[boneID] 3\n[boneName]\nboneFalloff 2\n[vertex\nvertexWeightCount 1\n");
+    FailAllocations(0, 0);
+    ASSERT_EQ(document.bones.GetNumItems(), 1U);
+    EXPECT_EQ(document.bones[0]->boneID, 0U);
+    EXPECT_EQ(document.bones[0]->boneFalloff, 2);
+}

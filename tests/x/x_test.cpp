@@ -1,0 +1,274 @@
+/// X meshes: what is read, how real files lay it out, what broken and hostile texts do.
+#include "formats/x/x.h"
+
+#include "core/numbers.h"
+#include "tests/support/documents.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <memory>
+
+namespace
+{
+using CMesh = CFileFormat_X::CXMesh;
+
+std::string Show(const TArray<CMath_Vector3>& vectors)
+{
+    std::string text;
+    for (const CMath_Vector3& vector : vectors)
+    {
+        for (const float number : {vector.x, vector.y, vector.z})
+        {
+            char digits[NumberCapacity];
+            text.append(digits, WriteExact(digits, number)) += ' ';
+        }
+        text.back() = '|';
+    }
+    return text;
+}
+
+std::string Show(const TArray<CMesh::SXFace>& faces)
+{
+    std::string text;
+    for (const CMesh::SXFace& face : faces)
+    {
+        for (const int corner : face.Indices)
+            text += std::to_string(corner) + ' ';
+        text += '|';
+    }
+    return text;
+}
+
+/// The mesh of a text in which it is the only one; an empty one when there is none.
+CMesh LoadMesh(std::string_view text)
+{
+    CFileFormat_X document;
+    EXPECT_EQ(LoadText(document, text), 1);
+    return document.Meshes.GetNumItems() == 1 ? *document.Meshes[0] : CMesh();
+}
+
+void LoadAnything(std::string_view text)
+{
+    const std::unique_ptr<char[]> exact(new char[text.size()]);
+    std::memcpy(exact.get(), text.data(), text.size());
+    CFileFormat_X document;
+    EXPECT_EQ(LoadText(document, {exact.get(), text.size()}), 1);
+    CFileFormat_X copy(document);
+    EXPECT_EQ(SaveText(copy), SaveText(document));
+}
+
+constexpr std::string_view Quad = "Mesh q {\n4;\n0;0;0;,\n1;0;0;,\n1;1;0;,\n0;1;0;;\n1;\n4;0,1,2,3;;\n"
+                                  "MeshNormals {\n1;\n0;0;1;;\n1;\n4;0,0,0,0;;\n}\n"
+                                  "MeshTextureCoords {\n2;\n0.5;0.25;,\n1;0;;\n}\n}\n";
+} // namespace
+
+TEST(X, ReadsTheSample)
+{
+    const CMesh mesh = LoadMesh(ReadSample("mesh.x"));
+    EXPECT_EQ(mesh.Vertices.GetNumItems(), 9U);
+    EXPECT_EQ(*mesh.Vertices[8], CMath_Vector3(3.0F, -0.125F, 0.0F));
+    EXPECT_EQ(Show(mesh.Faces), "0 3 4 |1 5 2 |0 1 5 4 |3 2 5 6 4 |7 0 1 8 2 3 |");
+    ASSERT_EQ(mesh.Normals.GetNumItems(), 4U) << "the normals' faces are not normals";
+    EXPECT_EQ(*mesh.Normals[2], CMath_Vector3(0.0F, 0.5547F, -0.83205F));
+    ASSERT_EQ(mesh.TextureCoords.GetNumItems(), 9U);
+    EXPECT_EQ(*mesh.TextureCoords[7], CMath_Vector3(-0.25F, 0.5F, 0.0F));
+}
+
+TEST(X, SavesEverythingButFaces)
+{
+    CFileFormat_X document;
+    LoadText(document, Quad);
+    EXPECT_EQ(SaveText(document), "{\n\taddmesh:\n\t{\n"
+                                  "\t\taddvertex: 0.000000 0.000000 0.000000\n"
+                                  "\t\taddvertex: 1.000000 0.000000 0.000000\n"
+                                  "\t\taddvertex: 1.000000 1.000000 0.000000\n"
+                                  "\t\taddvertex: 0.000000 1.000000 0.000000\n"
+                                  "\t\taddvertexnormal: 0.000000 0.000000 1.000000\n"
+                                  "\t\tadduv: 0.500000 0.250000 0.000000\n"
+                                  "\t\tadduv: 1.000000 0.000000 0.000000\n"
+                                  "\t}\n}\n");
+    CFile_Saver closed;
+    EXPECT_EQ(document.Save(&closed), 0);
+    EXPECT_EQ(document.Meshes[0]->Save(&closed), 0);
+}
+
+TEST(X, LoadReplacesAndDestroyEmpties)
+{
+    const CRegistryWatch watch;
+    {
+        CFileFormat_X document;
+        LoadText(document, Quad);
+        const CFileFormat_X copy(document);
+        LoadText(document, Quad);
+        EXPECT_EQ(document.Meshes.GetNumItems(), 1U);
+        LoadText(document, "xof 0303txt 0032\ntemplate Mesh {\n4;\n}\nMeshNormals {\n1;\n1;2;3;\n}\n");
+        EXPECT_EQ(document.Meshes.GetNumItems(), 0U) << "neither a template nor normals are a mesh";
+        EXPECT_EQ(Show(copy.Meshes[0]->Faces), "0 1 2 3 |") << "a copy has its own mesh";
+        LoadText(document, Quad);
+        EXPECT_EQ(document.Destroy(), 1);
+        EXPECT_EQ(document.Meshes.Items, nullptr);
+    }
+    EXPECT_TRUE(watch.IsBalanced());
+}
+
+TEST(X, TheFirstMeshReadsToTheEndOfTheText)
+{
+    const std::string text = std::string(Quad) + "Mesh second {\n1;\n9;9;9;;\n0;\nMeshNormals {\n2;\n1;2;3;,\n4;5;6;;\n"
+                                                 "}\nMeshTextureCoords {\n1;\n7;8;;\n}\n}\n";
+    const CMesh mesh = LoadMesh(text);
+    EXPECT_EQ(mesh.Vertices.GetNumItems(), 4U);
+    EXPECT_EQ(Show(mesh.Normals), "1 2 3|4 5 6|") << "later normals replace earlier ones";
+    EXPECT_EQ(Show(mesh.TextureCoords), "7 8 0|");
+}
+
+TEST(X, TellsTheLogOfEachFace)
+{
+    CLogWatch log(1);
+    LoadMesh(Quad);
+    LoadMesh("Mesh {\n0;\n3;\n3;0,0,0;,\n0;,\n");
+    EXPECT_EQ(log.GetText(), "addpoly: 0\naddpoly: 0\naddpoly: 1\naddpoly: 2\n");
+}
+
+struct SLayout
+{
+    const char* name;
+    const char* text;
+    const char* vertices;
+    const char* faces;
+    const char* normals = "";
+    const char* coords = "";
+};
+
+class XLayout : public testing::TestWithParam<SLayout>
+{
+};
+
+TEST_P(XLayout, IsRead)
+{
+    const SLayout& layout = GetParam();
+    const CMesh mesh = LoadMesh(layout.text);
+    EXPECT_EQ(Show(mesh.Vertices), layout.vertices);
+    EXPECT_EQ(Show(mesh.Faces), layout.faces);
+    EXPECT_EQ(Show(mesh.Normals), layout.normals);
+    EXPECT_EQ(Show(mesh.TextureCoords), layout.coords);
+}
+
+static const SLayout kLayouts[] = {
+    {"Indented", "\t Mesh {\n \t2;\n\t 1; -2;\t3;,\n 4;5;6;;\n\t1;\n  2; 0, 1;;\n", "1 -2 3|4 5 6|", "0 1 |"},
+    {"BraceBehindTheWord", "Mesh{\n1;\n1;2;3;;\n1;\n1;0;;\nMeshNormals{\n1;\n4;5;6;;\n}\n}\n", "1 2 3|", "0 |",
+     "4 5 6|"},
+    {"BraceOnTheNextLine", "Mesh a\n{\n1;\n1;2;3;;\n1;\n1;0;;\nMeshTextureCoords\n{\n1;\n4;5;;\n}\n}\n", "1 2 3|",
+     "0 |", "", "4 5 0|"},
+    {"BlankAndCommentLines", "Mesh {\n\n// two\n2;\n# one\n1;2;3;,\n\n  // other\n4;5;6;;\n\n1;\n//\n2;0,1;;\n",
+     "1 2 3|4 5 6|", "0 1 |"},
+    {"CommentsBehindNumbers", "Mesh {\n2; // vertices\n1;2;3;, # a\n4;5; // goes on\n6;;// b\n1;# f\n2;0,//c\n1;;\n",
+     "1 2 3|4 5 6|", "0 1 |"},
+    {"SeveralEntriesOnALine", "Mesh {\n3;\n1;2;3;, 4;5;6;,\n7;8;9;;\n2;\n3;0,1,2;, 2;2,1;;\n", "1 2 3|4 5 6|7 8 9|",
+     "0 1 2 |2 1 |"},
+    {"ListsBehindTheirCounts", "Mesh {\n2;1;2;3;,4;5;6;;1;2;0,1;;\nMeshTextureCoords {\n1; 7;8;;\n}\n}\n",
+     "1 2 3|4 5 6|", "0 1 |", "", "7 8 0|"},
+    {"EntriesOverTwoLines", "Mesh {\n2;\n1;\n2;3;,\n4;5\n;6;;\n1;\n3;\n0,1\n,2;;\n", "1 2 3|4 5 6|", "0 1 2 |"},
+    {"AnyRunOfMarksAtTheEnd", "Mesh {\n2;;\n1;2;3;,;\n4;5;6;;;,;\n2;,\n1;0;;;\n1;1,;,;\n", "1 2 3|4 5 6|", "0 |1 |"},
+    {"NoMarksAtTheEnd", "Mesh {\n2\n1;2;3\n4;5;6\n1\n2;0,1\n", "1 2 3|4 5 6|", "0 1 |"},
+    {"FacesWithSemicolons", "Mesh {\n0;\n2;\n3;0;1;2;,\n2;4;5;;\n", "", "0 1 2 |4 5 |"},
+    {"RestsOfLinesAreDropped", "Mesh {\n2 vertices\n1;2;3; 9;9;9;,\n4;5;6;, and more\n1 of 7;1;7;;\n2;0 x,1;;\n",
+     "1 2 3|4 5 6|", "0 1 |"},
+    {"BraceBehindNumbersEndsTheBlock",
+     "Mesh {\n1;\n1;2;3;;\n1;\n1;0;;\nMeshNormals {\n2;\n1;2;3;, }\n4;5;6;;\n}\nMeshTextureCoords {\n2;\n7;8; x }\n",
+     "1 2 3|", "0 |", "1 2 3|0 0 0|", "7 8 0|0 0 0|"},
+    {"EndsEarly", "Mesh {\n3;\n1;2;3;,\n4;5\n}\n2;\n1;0;;\nMeshNormals {\n2;\n7;8;9;;\n}\n", "1 2 3|4 5 0|0 0 0|", "",
+     "7 8 9|0 0 0|"},
+    {"CutInAFace", "Mesh {\n1;\n1;2;3;;\n2;\n3;0,1", "1 2 3|", "0 1 0 ||"},
+    {"MissingNumbersAreZero", "Mesh {\n3;\n1;;3;,\nx;2;3;,\n7;8;9;;\n4;\n4;0,1,2;,\n3;0,x,2;,\n2;\n5,6;,\n-1;3;,\n",
+     "1 0 0|0 0 0|7 8 9|", "0 1 2 0 |0 0 0 |5 6 ||"},
+    {"OneNumberThatIsNone", "Mesh {\n2;\n1.#QNAN0;2;3;,\n4;5;6;;\n0;\n", "1 0 0|4 5 6|", ""},
+    {"CountsThatDoNotParse", "Mesh {\nmany\nsome\nMeshNormals {\n-3;\n1;2;3;;\n}\n}\n", "", ""},
+    {"DecimalCommasEndNumbers", "Mesh {\n1;\n0,5;1,5;2;;\n0;\n", "0 0 0|", ""},
+    {"NumbersOfAllForms", "Mesh {\n1;\n-1e2;+.5;0x10;;\n1;\n2; -7, 99999999999;;\n", "-100 0.5 16|", "-7 2147483647 |"},
+    {"HeadingReadAsTheLastNormal",
+     "Mesh {\n0;\n0;\nMeshNormals {\n2;\n1;2;3;,\nMeshTextureCoords {\n1;\n4;5;;\n}\n}\n}\n", "", "", "1 2 3|0 0 0|",
+     "4 5 0|"},
+};
+
+INSTANTIATE_TEST_SUITE_P(X, XLayout, testing::ValuesIn(kLayouts),
+                         [](const testing::TestParamInfo<SLayout>& row) { return std::string(row.param.name); });
+
+TEST(XHostile, LyingCountsAreCutToWhatTheTextCanHold)
+{
+    CLogWatch log(2);
+    const CMesh mesh = LoadMesh("Mesh {\n2000000000;\n1;2;3;,\n}\nMeshNormals {\n99999999999;\n}\n"
+                                "MeshTextureCoords {\n1000000;\n1;2;;\n}\n");
+    EXPECT_LT(mesh.Vertices.GetNumItems(), 20U);
+    EXPECT_LT(mesh.Normals.GetNumItems(), 20U);
+    EXPECT_LT(mesh.TextureCoords.GetNumItems(), 20U);
+    EXPECT_EQ(log.GetText(), "text(4): a count of 2000000000 is more than its list can hold and is cut to 8\n"
+                             "text(7): a count of 2147483647 is more than its list can hold and is cut to 8\n"
+                             "text(11): a count of 1000000 is more than its list can hold and is cut to 8\n");
+}
+
+TEST(XHostile, ManyLyingCountsCostNoMoreThanTheirText)
+{
+    std::string text = "Mesh {\n0;\n20000;\n";
+    for (int i = 0; i < 20'000; ++i)
+        text += i % 2 == 0 ? "2000000000;x\n" : "2000000000;1,2;,;\n";
+    for (int i = 0; i < 20'000; ++i)
+        text += "MeshNormals {\n2000000000;\n}\n";
+    CRegistryWatch watch;
+    CFileFormat_X document;
+    LoadText(document, text);
+    ASSERT_EQ(document.Meshes.GetNumItems(), 1U);
+    EXPECT_EQ(document.Meshes[0]->Faces.GetNumItems(), 20'000U);
+    EXPECT_LT(watch.registry.GetAllocatedSize(), text.size() * 8);
+}
+
+TEST(XHostile, CutOrChangedAnywhere)
+{
+    const CRegistryWatch watch;
+    const std::string sample = ReadSample("mesh.x");
+    static constexpr std::string_view bytes("\0\n\r{}\" \t;,/#-9e\xFF", 16);
+    for (std::size_t i = 0; i <= sample.size(); ++i)
+    {
+        LoadAnything(std::string_view(sample).substr(0, i));
+        std::string changed = sample;
+        if (i < sample.size())
+            changed[i] = bytes[i % bytes.size()];
+        LoadAnything(changed);
+    }
+    EXPECT_TRUE(watch.IsBalanced());
+}
+
+TEST(XHostile, EveryAllocationFails)
+{
+    const CRegistryWatch watch;
+    const std::string sample = ReadSample("mesh.x");
+    FailAllocations(~0ULL, 0);
+    LoadAnything(sample);
+    const std::uint64_t attempts = GetNumAllocationAttempts();
+    ASSERT_GT(attempts, 10U);
+    for (std::uint64_t n = 0; n < attempts; ++n)
+        for (const std::uint64_t failures : {std::uint64_t{1}, ~std::uint64_t{0} / 2})
+        {
+            FailAllocations(n, failures);
+            CFileFormat_X document;
+            EXPECT_EQ(LoadText(document, sample), 1);
+            const CFileFormat_X copy(document);
+        }
+    FailAllocations(0, 0);
+    EXPECT_TRUE(watch.IsBalanced());
+}
+
+TEST(XHostile, AListWithoutMemoryStaysEmptyAndTheOthersAreRead)
+{
+    std::string text = "Mesh {\n300;\n";
+    for (int i = 0; i < 300; ++i)
+        text += "1;2;3;,\n";
+    text += "1;\n3;0,1,2;;\n";
+    CFileFormat_X document;
+    FailAllocations(2, 1); // the mesh and the first block of its vertices are had, the second is not
+    LoadText(document, text);
+    FailAllocations(0, 0);
+    ASSERT_EQ(document.Meshes.GetNumItems(), 1U);
+    EXPECT_EQ(document.Meshes[0]->Vertices.GetNumItems(), 0U);
+    EXPECT_EQ(Show(document.Meshes[0]->Faces), "0 1 2 |");
+}

@@ -3,9 +3,10 @@
 #include "formats/modelbuild/model_from_ase.h"
 #include "tools/ase_json.h"
 #include "tools/asset.h"
+#include "tools/describe.h"
+#include "tools/describe_points.h"
 
 #include <algorithm>
-#include <cmath>
 #include <map>
 #include <ostream>
 #include <string>
@@ -14,50 +15,6 @@
 namespace
 {
 using CMesh = CFileFormat_Ase::CASEMesh;
-
-std::string Name(const CSys_String& text)
-{
-    return text.IsEmpty() ? "(unnamed)" : ToUtf8(text.Get());
-}
-
-/// "3 lights", "1 light"; names ending in "s" are the caller's to spell.
-std::string Count(unsigned long count, const char* noun)
-{
-    return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
-}
-
-/// Gathers what looks wrong, and how often, so that a bad mesh does not fill the screen.
-class CSuspicions
-{
-  public:
-    void Add(const std::string& where, const std::string& what)
-    {
-        const auto [entry, isnew] = counts.try_emplace(where + ": " + what, 0);
-        if (isnew)
-            order.push_back(entry->first);
-        ++entry->second;
-    }
-
-    void Print(std::ostream& out) const
-    {
-        if (!order.empty())
-            out << "suspicious:\n";
-        for (const std::string& text : order)
-        {
-            const unsigned long count = counts.at(text);
-            out << "  " << text << (count == 1 ? "" : " (" + std::to_string(count) + " times)") << '\n';
-        }
-    }
-
-  private:
-    std::map<std::string, unsigned long> counts;
-    std::vector<std::string> order;
-};
-
-bool IsInside(std::int32_t index, unsigned long count)
-{
-    return index >= 0 && static_cast<unsigned long>(index) < count;
-}
 
 template <class TFaces>
 void CheckCorners(const std::string& where, const char* what, const TFaces& faces, unsigned long count,
@@ -79,7 +36,7 @@ void CheckMesh(const std::string& where, const CMesh& mesh, CSuspicions& suspici
         CheckCorners(where, "a face of a mapping channel names a coordinate that is not there", channel->tfaces,
                      channel->tvertices.GetNumItems(), suspicions);
     for (const CMath_Vector3& vertex : mesh.vertices)
-        if (!std::isfinite(vertex.x) || !std::isfinite(vertex.y) || !std::isfinite(vertex.z))
+        if (!IsFinite(vertex))
             suspicions.Add(where, "a vertex is not finite");
     const unsigned long faces = mesh.faces.GetNumItems();
     if (mesh.facenormals.GetNumItems() != 0 && mesh.facenormals.GetNumItems() != faces)
@@ -88,25 +45,6 @@ void CheckMesh(const std::string& where, const CMesh& mesh, CSuspicions& suspici
         suspicions.Add(where, "there are not as many texture faces as faces");
     if (mesh.vertices.GetNumItems() == 0)
         suspicions.Add(where, "the mesh has no vertices");
-}
-
-std::ostream& operator<<(std::ostream& out, const CMath_Vector3& vector)
-{
-    return out << '(' << vector.x << ' ' << vector.y << ' ' << vector.z << ')';
-}
-
-void PrintBounds(std::ostream& out, const TArray<CMath_Vector3>& vertices)
-{
-    if (vertices.GetNumItems() == 0)
-        return;
-    CMath_Vector3 least = *vertices[0];
-    CMath_Vector3 most = least;
-    for (const CMath_Vector3& vertex : vertices)
-    {
-        least = {std::min(least.x, vertex.x), std::min(least.y, vertex.y), std::min(least.z, vertex.z)};
-        most = {std::max(most.x, vertex.x), std::max(most.y, vertex.y), std::max(most.z, vertex.z)};
-    }
-    out << ", bounds " << least << " to " << most;
 }
 
 std::string CountKeys(const CFileFormat_Ase::CASEAnimation& animation)

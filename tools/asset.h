@@ -53,6 +53,10 @@ struct SAssetFormat
     /// Whether the text, of which at most `mostlines` lines are looked at, can be one of this kind.
     bool (*recognises)(CFile_Parser& parser, unsigned mostlines);
     std::unique_ptr<CAsset> (*make)();
+
+    /// Why a text of this kind cannot be read all the same; null when it can. The parser is at its beginning
+    /// again afterwards.
+    const char* (*explainrefusal)(CFile_Parser& parser) = nullptr;
 };
 
 /// Every kind, in the order in which a text without a telling name is tried.
@@ -71,3 +75,5 @@ bool HasLineWithWord(CFile_Parser& parser, unsigned mostlines, std::span<const w
 
 // One entry of the table each, beside its adapter.
 extern const SAssetFormat AseAssetFormat;
+extern const SAssetFormat XAssetFormat;
+extern const SAssetFormat EnvelopeAssetFormat;

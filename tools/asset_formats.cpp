@@ -24,6 +24,8 @@ std::span<const SAssetFormat> GetAssetFormats()
 {
     static const SAssetFormat formats[] = {
         AseAssetFormat,
+        XAssetFormat,
+        EnvelopeAssetFormat,
     };
     return formats;
 }

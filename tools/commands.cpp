@@ -4,6 +4,7 @@
 #include "tools/model_json.h"
 #include "tools/output.h"
 
+#include <optional>
 #include <sstream>
 
 namespace
@@ -46,7 +47,11 @@ void BuildModel(const SCommandOptions& options)
 
 void Inspect(const SCommandOptions& options)
 {
+    std::optional<CQuietStandardOutput> quiet; // with JSON, what a reader prints must not stand beside it
+    if (options.isjson)
+        quiet.emplace();
     CInput input(options.input, options.format);
+    quiet.reset();
     COutput output({});
     if (options.isjson)
     {

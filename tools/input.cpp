@@ -83,4 +83,7 @@ void CInput::Recognise(const std::filesystem::path& path, const std::string& for
     if (!format->recognises(parser, ~0U))
         throw CToolError("cannot read " + name + ": no line of it belongs to " + std::string(format->description) +
                          "; another kind can be named with --format");
+    if (format->explainrefusal != nullptr)
+        if (const char* const why = format->explainrefusal(parser))
+            throw CToolError("cannot read " + name + ": " + why);
 }

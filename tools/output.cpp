@@ -11,6 +11,7 @@
 #include <io.h>
 #include <process.h>
 #else
+#include <fcntl.h>
 #include <unistd.h>
 #endif
 
@@ -26,6 +27,45 @@ std::FILE* OpenForWriting(const std::filesystem::path& path)
     return std::fopen(path.c_str(), "wb");
 #endif
 }
+
+// The same calls under the names of each platform.
+#if defined(_WIN32)
+int OpenNull()
+{
+    return _open("NUL", _O_WRONLY);
+}
+int Duplicate(int descriptor)
+{
+    return _dup(descriptor);
+}
+void Replace(int descriptor, int by)
+{
+    _dup2(by, descriptor);
+    _close(by);
+}
+int GetStandardOutput()
+{
+    return _fileno(stdout);
+}
+#else
+int OpenNull()
+{
+    return open("/dev/null", O_WRONLY);
+}
+int Duplicate(int descriptor)
+{
+    return dup(descriptor);
+}
+void Replace(int descriptor, int by)
+{
+    dup2(by, descriptor);
+    close(by);
+}
+int GetStandardOutput()
+{
+    return fileno(stdout);
+}
+#endif
 
 int GetProcessNumber()
 {
@@ -154,6 +194,25 @@ void COutput::Commit()
     file = nullptr;
     if (!isdone)
         Fail(path, error);
+}
+
+CQuietStandardOutput::CQuietStandardOutput()
+{
+    std::fflush(stdout);
+    former = Duplicate(GetStandardOutput());
+    if (former < 0)
+        return;
+    const int null = OpenNull();
+    if (null < 0)
+        throw CToolError("cannot keep standard output clean: " + std::generic_category().message(errno));
+    Replace(GetStandardOutput(), null);
+}
+
+CQuietStandardOutput::~CQuietStandardOutput()
+{
+    std::fflush(stdout);
+    if (former >= 0)
+        Replace(GetStandardOutput(), former);
 }
 
 int COutput::Sink(const char* bytes, std::size_t size, void* context)

@@ -50,5 +50,19 @@ class COutput
     int error = 0;
 };
 
+/// While it lives, what anybody prints to the process's standard output is gone. Throws CToolError when that
+/// cannot be had.
+class CQuietStandardOutput
+{
+  public:
+    CQuietStandardOutput();
+    CQuietStandardOutput(const CQuietStandardOutput&) = delete;
+    CQuietStandardOutput& operator=(const CQuietStandardOutput&) = delete;
+    ~CQuietStandardOutput();
+
+  private:
+    int former; ///< A copy of the descriptor; negative when standard output is closed anyway.
+};
+
 /// The name as it is shown in messages.
 std::string GetDisplayName(const std::filesystem::path& path);

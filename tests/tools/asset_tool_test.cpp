@@ -217,3 +217,56 @@ TEST_F(AssetTool, ExplainsItself)
         EXPECT_NE(help.out.find(std::string("asset_tool ") + command + " scene.ase"), std::string::npos) << help.out;
     }
 }
+
+TEST_F(AssetTool, ReadsMeshesAndEnvelopes)
+{
+    const std::string samples = SAMPLES_FOLDER;
+    EXPECT_EQ(Run("convert " + samples + "/mesh.x").out, ReadFile(samples + "/expected/mesh.txt"));
+    EXPECT_EQ(Run("inspect --json " + samples + "/mesh.x").out, ReadFile(samples + "/expected/mesh.json"));
+    EXPECT_EQ(Run("inspect --json " + samples + "/arm.envASCII").out, ReadFile(samples + "/expected/arm.json"))
+        << "and nothing of what the reader prints";
+    EXPECT_EQ(Run("inspect - <" + samples + "/mesh.x").out,
+              "standard input: an X mesh, 1736 bytes\n1 mesh (the first of the text is read)\n"
+              "  9 vertices, 5 faces (2 triangles, 21 corners in all), 4 normals, 9 texture coordinates, "
+              "bounds (-3 -0.125 -1) to (3 1.75 1)\n");
+    const SRun envelope = Run("inspect " + samples + "/arm.envASCII");
+    EXPECT_EQ(envelope.out.substr(0, 21), "exclusion list added\n");
+    EXPECT_NE(envelope.out.find("  2 Bip01 Hand: weighs 3 vertices, sum 2.5, 0 excluded\n"
+                                "3 exclusion lists with 3 entries\n"),
+              std::string::npos)
+        << envelope.out;
+    const SRun converted = Run("convert " + samples + "/tail.env");
+    EXPECT_TRUE(converted.out.ends_with("excluding vertex 2 -> 1: 2\n{\n}\n")) << converted.out;
+}
+
+TEST_F(AssetTool, PointsOutOddMeshesAndEnvelopes)
+{
+    const fs::path mesh = Make("odd.x", "xof 0303txt 0032\nMesh {\n1;\nnan;0;0;;\n2;\n2;0,0;,\n3;0,0,1;;\n}\n");
+    EXPECT_NE(
+        Run("inspect " + mesh.string())
+            .out.find("suspicious:\n  the mesh: a face has fewer than three corners\n"
+                      "  the mesh: a face names a vertex that is not there\n  the mesh: a vertex is not finite\n"),
+        std::string::npos);
+    const fs::path envelope =
+        Make("odd.env", "[boneName] a\n[boneName] b\n[vertex\nvertexWeightCount 1\nvertexWeight 0,0.5\n[vertex\n"
+                        "[vertex\nvertexWeightCount 1\nvertexWeight 4,1\n"
+                        "[exclusionListForBone\nexclusionVertexCount 1\nexcludedVerts 9\n");
+    EXPECT_NE(
+        Run("inspect " + envelope.string())
+            .out.find("suspicious:\n  vertices: the weights do not sum to about 1\n"
+                      "  vertices: there are no weights\n  bone 0: several bones have this id\n"
+                      "  weights: they name a bone that is not there\n  exclusion lists: an entry names no vertex"),
+        std::string::npos);
+}
+
+TEST_F(AssetTool, NamesXFilesThatAreNoText)
+{
+    for (const auto& [form, what] : {std::pair{"bin ", "binary"}, {"tzip", "compressed"}, {"bzip", "compressed"}})
+    {
+        const fs::path path = Make("mesh.x", std::string("xof 0303") + form + "0032\x78\x9C\x01");
+        const SRun run = Run("inspect " + path.string());
+        EXPECT_EQ(run.status, 1);
+        EXPECT_EQ(run.err, "asset_tool: cannot read '" + path.string() + "': it is a " + what +
+                               " X file, and only text X files are read\n");
+    }
+}

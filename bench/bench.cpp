@@ -30,6 +30,8 @@ int main(int argc, char** argv)
         return 1;
     RegisterAseBenchmarks();
     RegisterModelBenchmarks();
+    RegisterEnvelopeBenchmarks();
+    RegisterXBenchmarks();
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();
     return 0;

@@ -36,3 +36,5 @@ std::size_t TakePeakMemory();
 /// Each file registers its benchmarks in one function, called from main.
 void RegisterAseBenchmarks();
 void RegisterModelBenchmarks();
+void RegisterEnvelopeBenchmarks();
+void RegisterXBenchmarks();

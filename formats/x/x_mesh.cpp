@@ -73,16 +73,19 @@ Result CFileFormat_XRecords::CXMesh::Load(CFile_Parser* parser, CFile_IOCallback
     ReadVectors(block, Vertices);
     ReadFaces(block, Faces);
 
-    // The second test is made on the line that the first one left: a list of normals that is shorter than
-    // its count may have run into the heading of the texture coordinates.
+    // Most of the lines are numbers, so a look at the first letter comes before the words. The second test is
+    // made on the line that the first one left: a list of normals that is shorter than its count may have run
+    // into the heading of the texture coordinates.
     while (parser->GetLine(line, CFile_Parser::BlockLineCapacity) == 1)
     {
-        if (BeginsWithWord(line, L"MeshNormals"))
+        if (*line != L'M')
+            continue;
+        if (RecognizeWord(L"MeshNormals", line) != 0)
         {
             CXListReader list(parser, line);
             ReadVectors(list, Normals);
         }
-        if (BeginsWithWord(line, L"MeshTextureCoords"))
+        if (RecognizeWord(L"MeshTextureCoords", line) != 0)
         {
             CXListReader list(parser, line);
             ReadTextureCoords(list, TextureCoords);

@@ -339,12 +339,12 @@ TEST(EnvelopeHostile, CutOrChangedAnywhere)
     for (const char* name : {"arm.envASCII", "tail.env"})
     {
         const std::string sample = ReadSample(name);
-        for (std::size_t i = 0; i <= sample.size(); ++i)
+        for (std::size_t i = 0; i <= sample.size(); i += 2)
         {
             LoadAnything(std::string_view(sample).substr(0, i));
             std::string changed = sample;
             if (i < sample.size())
-                changed[i] = bytes[i % bytes.size()];
+                changed[i] = bytes[i / 2 % bytes.size()];
             LoadAnything(changed);
         }
     }

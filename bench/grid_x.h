@@ -1,0 +1,9 @@
+/// Makes X texts the way real exports look, of any size, for the benchmarks.
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+/// One grid mesh of at least `size` bytes with normals (and their face list), texture coordinates and a
+/// material list, laid out as Blender and the 3ds Max exporters do: indented, one entry a line, CR LF.
+std::string MakeGridX(std::size_t size);

@@ -15,7 +15,7 @@ namespace
 {
 using CMesh = CFileFormat_X::CXMesh;
 
-constexpr SBenchSize XSizes[] = {{"2MB", 2'000'000}, {"17MB", 17'000'000}, {"97MB", 97'000'000}};
+constexpr SBenchSize XSizes[] = {{"small", 2'000'000}, {"17MB", 17'000'000}, {"97MB", 97'000'000}};
 
 /// The text of the size asked for last.
 const std::string& GetMesh(std::size_t bytes)

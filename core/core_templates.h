@@ -94,7 +94,7 @@ template <class T> class TArray
     std::uint32_t Capacity = 0; ///< Slots in the block.
     std::uint32_t Step = 128;   ///< Slots added at each growth.
 
-    TArray() = default;
+    TArray();
 
     TArray(const TArray& other) : Step(other.Step)
     {
@@ -274,6 +274,9 @@ template <class T> class TArray
     }
 };
 
+// Not in the class, where an instance would not export it.
+template <class T> TArray<T>::TArray() = default;
+
 /// A growable array of owned pointers to T, Block more at each growth.
 ///
 /// Elements are created by Add and destroyed by DeleteAll, through T's destructor; they keep their
@@ -287,7 +290,7 @@ template <class T, unsigned Block = 128> class TPArray
     std::uint32_t NumItems = 0; ///< Elements in use.
     std::uint32_t Capacity = 0; ///< Pointer slots counted as available.
 
-    TPArray() = default;
+    TPArray();
 
     TPArray(const TPArray& other)
     {
@@ -427,29 +430,22 @@ template <class T, unsigned Block = 128> class TPArray
     }
 };
 
+template <class T, unsigned Block> TPArray<T, Block>::TPArray() = default;
+
 /// One untyped pointer, at index 0, null at first; what it points to is not owned.
-class TUserData
+class ENGINE_CORE_API TUserData
 {
   public:
-    TUserData() = default;
-    TUserData(const TUserData&) = default;
-    TUserData& operator=(const TUserData&) = default;
-    ~TUserData() = default;
+    TUserData();
+    TUserData(const TUserData& other);
+    TUserData& operator=(const TUserData& other);
+    ~TUserData();
 
     /// The pointer for index 0, null for any other.
-    void* GetUserData(unsigned long index) const
-    {
-        return index == 0 ? data : nullptr;
-    }
+    void* GetUserData(unsigned long index) const;
 
     /// Stores `newdata` at index 0 and returns 1; returns 0 for any other index.
-    Result SetUserData(unsigned long index, void* newdata)
-    {
-        if (index != 0)
-            return 0;
-        data = newdata;
-        return 1;
-    }
+    Result SetUserData(unsigned long index, void* newdata);
 
   private:
     void* data = nullptr;

@@ -109,7 +109,7 @@ class CBlockReader
     /// Whether the line's first word is the keyword.
     bool Is(SKeyword keyword) const
     {
-        if (rest[0] != keyword.text[0] || std::memcmp(rest, keyword.text, keyword.length * sizeof(wchar_t)) != 0)
+        if (!BeginsWith(keyword))
             return false;
         const wchar_t behind = rest[keyword.length];
         return behind == L'\0' || behind == L'{' || IsBlank(behind);
@@ -131,6 +131,12 @@ class CBlockReader
         const bool isword = end != rest;
         rest = SkipBlanks(end);
         return isword;
+    }
+
+    /// Whether the line begins with the text, whatever follows it.
+    bool BeginsWith(SKeyword text) const
+    {
+        return rest[0] == text.text[0] && std::memcmp(rest, text.text, text.length * sizeof(wchar_t)) == 0;
     }
 
     /// What is left of the line.
@@ -263,10 +269,25 @@ class CBlockReader
     /// such records around them. Those nested too deep are not added.
     template <class TList> void LoadNested(TList& list, unsigned level)
     {
-        if (level >= MostNestedLevels)
-            parser->Report(2, L"blocks nested deeper than %u levels are passed over", MostNestedLevels);
-        else if (auto* record = list.Add())
+        if (auto* record = AddNested(list, level))
             record->LoadNested(parser, callback, level + 1);
+    }
+
+    /// Appends a record that has `level` records of its own kind around it; null when they are too many or
+    /// there is no memory, and then its block is passed over.
+    template <class TList> auto AddNested(TList& list, unsigned level) -> decltype(list.Add())
+    {
+        if (level < MostNestedLevels)
+            return list.Add();
+        parser->Report(2, L"blocks nested deeper than %u levels are passed over", MostNestedLevels);
+        return nullptr;
+    }
+
+    /// For lines that end with a name of any content, in a form where blocks open on lines of their own: a
+    /// brace that ended the line was part of the name. To be called once the line and its block are read.
+    void TakeBraceAsText()
+    {
+        depth = parser->GetBlockDepth();
     }
 
   private:

@@ -4,6 +4,7 @@
 #include "core/graphics_material.h"
 #include "core/graphics_mesh.h"
 #include "core/sys_string.h"
+#include "core/system_objects.h"
 
 /// One part of a model. Known as CGraphics_Model::CGeometry. Loads and saves its mesh.
 class ENGINE_CORE_API CGraphics_Geometry : public CFile_IOObject
@@ -47,7 +48,7 @@ extern template class ENGINE_CORE_API TPArray<CGraphics_MaterialList>;
 /// Owns:  everything but the materials attached, which it holds. Copying copies it all and holds them too.
 /// Load:  replaces everything with what the block holds. Always returns 1.
 /// Save:  writes everything but the materials attached; loading that text gives the same floats to the bit.
-class ENGINE_CORE_API CGraphics_Model : public CFile_IOObject
+class ENGINE_CORE_API CGraphics_Model : public CFile_IOObject, public CGraphics_System_Object
 {
   public:
     using CGeometry = CGraphics_Geometry;
@@ -62,6 +63,7 @@ class ENGINE_CORE_API CGraphics_Model : public CFile_IOObject
     Result Load(CFile_Parser* parser, CFile_IOCallback* callback) override;
     Result Save(CFile_Saver* saver) override;
 
-    /// Loads the model from the text that Save wrote. flags: none so far. Returns 1.
-    Result CreateFromParser(CFile_Parser* parser, unsigned long flags);
+    /// Loads the model from the text that Save wrote. flags: none so far. Returns 0, the model as it was, when
+    /// there is nothing to read.
+    virtual Result CreateFromParser(CFile_Parser* parser, unsigned long flags);
 };

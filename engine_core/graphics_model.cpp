@@ -108,5 +108,5 @@ Result CGraphics_Model::Save(CFile_Saver* saver)
 
 Result CGraphics_Model::CreateFromParser(CFile_Parser* parser, unsigned long)
 {
-    return Load(parser, nullptr);
+    return parser->GetOffset() < parser->GetSize() ? Load(parser, nullptr) : 0;
 }

@@ -77,7 +77,7 @@ template <class T, unsigned N> class TChannelList : public CFile_IOObject
     template <class TValue, unsigned Count> Result LoadHelper(CFile_Parser* parser, CFile_IOCallback* callback);
 
   private:
-    static constexpr std::wstring_view RawKeyword = L"addbnodes:";
+    static constexpr SKeyword RawKeyword = L"addbnodes:";
 
     void LoadNode(CBlockReader& block)
     {
@@ -99,7 +99,7 @@ template <class T, unsigned N> class TChannelList : public CFile_IOObject
         constexpr std::size_t lineend = 2;
 
         CFile_Parser& parser = *block.GetParser();
-        const wchar_t* number = block.GetRest() + RawKeyword.size();
+        const wchar_t* number = block.GetRest() + RawKeyword.length;
         std::uint32_t count = 0;
         ScanInteger(number, count);
         const std::size_t first = parser.GetOffset() + lineend;

@@ -1,0 +1,164 @@
+#include "containers/channel_list.h"
+
+#include "tests/support/documents.h"
+
+#include <gtest/gtest.h>
+
+#include <bit>
+#include <cstring>
+#include <random>
+
+namespace
+{
+using CChannels3 = TChannelList<float, 3>;
+using CChannels4 = TChannelList<float, 4>;
+
+/// The bytes of floats as a raw block has them.
+std::string Raw(std::initializer_list<float> numbers)
+{
+    std::string bytes;
+    for (const float number : numbers)
+        for (std::uint32_t bits = std::bit_cast<std::uint32_t>(number), i = 0; i < 4; ++i, bits >>= 8)
+            bytes += static_cast<char>(bits & 0xFF);
+    return bytes;
+}
+} // namespace
+
+TEST(ChannelList, EmptyListIsAnEmptyBlock)
+{
+    CChannels3 list;
+    EXPECT_EQ(SaveText(list), "{\n}\n");
+    EXPECT_EQ(LoadText(list, "{\n}\n"), 1);
+    EXPECT_EQ(list.channelNodes.GetNumItems(), 0U);
+}
+
+TEST(ChannelList, NodeIsOneLine)
+{
+    CChannels3 three;
+    *three.channelNodes.Add() = {0.5F, {1, 2, 3}};
+    EXPECT_EQ(SaveText(three), "{\n\taddnode: 0.500000 1.000000 2.000000 3.000000\n}\n");
+    CChannels4 four;
+    *four.channelNodes.Add() = {-1, {0, 0.25F, 1e10F, -0.0F}};
+    EXPECT_EQ(SaveText(four), "{\n\taddnode: -1.000000 0.000000 0.250000 10000000000.000000 -0.000000\n}\n");
+    EXPECT_EQ(four.DeleteAll(), 1);
+    EXPECT_EQ(four.channelNodes.Capacity, 0U);
+}
+
+TEST(ChannelList, LoadReplacesTheNodes)
+{
+    CChannels3 list;
+    list.channelNodes.Add();
+    LoadText(list,
+             "{\nskipped 1 2 3 4\naddnode: 1 2 3 4\nblock:\n{\naddnode: 9 9 9 9\n}\naddnode: 5 6\naddnode: x\n}\n");
+    EXPECT_EQ(SaveText(list), "{\n\taddnode: 1.000000 2.000000 3.000000 4.000000\n"
+                              "\taddnode: 5.000000 6.000000 0.000000 0.000000\n"
+                              "\taddnode: 0.000000 0.000000 0.000000 0.000000\n}\n");
+}
+
+// The keyword need not be a word of its own, yet the whole first word is removed.
+TEST(ChannelList, KeywordIsAPrefix)
+{
+    CChannels3 list;
+    LoadText(list, "{\naddnode:7 1 2 3 4\naddnodes: 9 9 9 9\n}\n");
+    EXPECT_EQ(SaveText(list), "{\n\taddnode: 1.000000 2.000000 3.000000 4.000000\n}\n");
+}
+
+TEST(ChannelList, RandomListsComeBack)
+{
+    std::mt19937 random(11);
+    for (const unsigned long count : {1UL, 127UL, 128UL, 1000UL})
+    {
+        CChannels4 list;
+        for (unsigned long i = 0; i < count; ++i)
+        {
+            CChannels4::SData* const node = list.channelNodes.Add();
+            node->key = static_cast<float>(i);
+            for (float& value : node->value) // what six decimals hold exactly
+                value = static_cast<float>(static_cast<int>(random() % 2'000'000) - 1'000'000) / 64.0F;
+        }
+        CChannels4 loaded;
+        LoadText(loaded, SaveText(list));
+        const CChannels4 copy(loaded);
+        ASSERT_EQ(copy.channelNodes.GetNumItems(), count);
+        EXPECT_EQ(std::memcmp(copy.channelNodes.Items, list.channelNodes.Items, count * sizeof(CChannels4::SData)), 0);
+    }
+}
+
+TEST(RawNodes, ReplaceThoseBeforeAndGoOnBehind)
+{
+    CChannels4 list;
+    LoadText(list, "{\r\naddnode: 9 9 9 9 9\r\naddbnodes: 2\r\n" + Raw({1, 2, 3, 4, 5, 6, 7, 8, 9, 10}) +
+                       "\r\naddnode: 11 12 13 14 15\r\n}\r\n");
+    EXPECT_EQ(SaveText(list), "{\n\taddnode: 1.000000 2.000000 3.000000 4.000000 5.000000\n"
+                              "\taddnode: 6.000000 7.000000 8.000000 9.000000 10.000000\n"
+                              "\taddnode: 11.000000 12.000000 13.000000 14.000000 15.000000\n}\n");
+}
+
+// Bytes that look like lines, braces or blanks are still numbers.
+TEST(RawNodes, AreNotTakenForText)
+{
+    const std::string bytes = "}\n{\naddnode: 9 9 9 9 9";
+    CChannels4 list;
+    LoadText(list, "{\naddbnodes:1\r\n" + bytes.substr(0, 20) + "addnode: 1 1 1 1 1\n}\n");
+    ASSERT_EQ(list.channelNodes.GetNumItems(), 2U);
+    EXPECT_EQ(std::memcmp(list.channelNodes.Items, bytes.data(), 20), 0);
+    EXPECT_EQ(list.channelNodes[1]->key, 1.0F);
+}
+
+TEST(RawNodes, ThreeChannelsHaveNone)
+{
+    CChannels3 list;
+    LoadText(list, "{\naddnode: 1 2 3 4\naddbnodes: 1\naddnode: 5 6 7 8\n}\n");
+    EXPECT_EQ(list.channelNodes.GetNumItems(), 2U);
+}
+
+TEST(RawNodes, CountOfNoneMovesOnTwoBytes)
+{
+    for (const char* line : {"addbnodes: 0", "addbnodes:", "addbnodes: x"})
+    {
+        CChannels4 list;
+        LoadText(list, std::string("{\naddnode: 1 1 1 1 1\n") + line + "\r\naddnode: 2 2 2 2 2\n}\n");
+        EXPECT_EQ(list.channelNodes.GetNumItems(), 2U) << line;
+    }
+}
+
+TEST(RawNodes, CountThatTheTextCannotHoldAddsNone)
+{
+    const std::string rest = "addnode: 2 2 2 2 2\n}\n"; // 21 bytes, so one node would fit
+    for (const char* count : {"2", "4294967295", "-1", "99999999999"})
+    {
+        CLogWatch log(2);
+        CRegistryWatch watch;
+        CChannels4 list;
+        LoadText(list, "{\naddnode: 1 1 1 1 1\naddbnodes: " + std::string(count) + "\r\n" + rest);
+        EXPECT_EQ(list.channelNodes.GetNumItems(), 2U) << count;
+        EXPECT_EQ(watch.registry.GetAllocatedSize(), 128 * sizeof(CChannels4::SData)) << count;
+        EXPECT_EQ(log.GetText().rfind("text(3): ", 0), 0U) << log.GetText();
+        EXPECT_NE(log.GetText().find("raw nodes are more than the text holds"), std::string::npos) << log.GetText();
+    }
+}
+
+// The text may end anywhere in the line, its end or the nodes.
+TEST(RawNodes, CutAnywhere)
+{
+    const std::string whole = "{\naddbnodes: 2\r\n" + Raw({1, 2, 3, 4, 5, 6, 7, 8, 9, 10});
+    for (std::size_t size = 0; size <= whole.size(); ++size)
+    {
+        const std::vector<char> exact(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(size));
+        CChannels4 list;
+        EXPECT_EQ(LoadText(list, {exact.data(), exact.size()}), 1);
+        EXPECT_EQ(list.channelNodes.GetNumItems(), size == whole.size() ? 2U : 0U) << size;
+    }
+}
+
+TEST(RawNodes, WithoutMemoryAreStillNoText)
+{
+    const std::string bytes = "}\n}\naddnode: 9 9 9 9";
+    CChannels4 list;
+    FailAllocations(1, 1); // the first is the line buffer
+    EXPECT_EQ(LoadText(list, "{\naddbnodes: 1\r\n" + bytes + "\naddnode: 1 1 1 1 1\n}\n"), 1);
+    FailAllocations(0, 0);
+    ASSERT_EQ(bytes.size(), sizeof(CChannels4::SData));
+    ASSERT_EQ(list.channelNodes.GetNumItems(), 1U);
+    EXPECT_EQ(list.channelNodes[0]->key, 1.0F);
+}

@@ -60,21 +60,13 @@ template <class T> class TTreeFolder : public CFile_IOObject
 
     TTreeFolder(const TTreeFolder& other) requires std::is_copy_constructible_v<T> : CFile_IOObject(other)
     {
-        *this = other;
+        CopyFrom(other);
     }
 
-    // The source may lie beneath this folder, so it is copied before anything here goes.
+    /// The source may lie beneath this folder.
     TTreeFolder& operator=(const TTreeFolder& other) requires std::is_copy_constructible_v<T>
     {
-        const CSys_String newname(other.name);
-        TPArray<TTreeFolder> newfolders(other.folders);
-        TPArray<TTreeKey<T>> newkeys(other.keys);
-        folderData = other.folderData;
-        parent = other.parent;
-        name = newname;
-        keys = std::move(newkeys);
-        folders = std::move(newfolders);
-        AdoptFolders();
+        CopyFrom(other);
         return *this;
     }
 
@@ -132,8 +124,17 @@ template <class T> class TTreeFolder : public CFile_IOObject
   private:
     static constexpr bool HasOwnText = std::is_base_of_v<CFile_IOObject, T>;
 
-    void AdoptFolders()
+    // The source may go with what this folder holds, so everything is taken from it first.
+    void CopyFrom(const TTreeFolder& other)
     {
+        const CSys_String newname(other.name);
+        TPArray<TTreeFolder> newfolders(other.folders);
+        TPArray<TTreeKey<T>> newkeys(other.keys);
+        folderData = other.folderData;
+        parent = other.parent;
+        name = newname;
+        keys = std::move(newkeys);
+        folders = std::move(newfolders);
         for (TTreeFolder* const folder : folders)
             folder->parent = this;
     }

@@ -77,3 +77,7 @@ bool HasLineWithWord(CFile_Parser& parser, unsigned mostlines, std::span<const w
 extern const SAssetFormat AseAssetFormat;
 extern const SAssetFormat XAssetFormat;
 extern const SAssetFormat EnvelopeAssetFormat;
+extern const SAssetFormat TreeAssetFormat;
+extern const SAssetFormat GraphAssetFormat;
+extern const SAssetFormat Channels3AssetFormat;
+extern const SAssetFormat Channels4AssetFormat;

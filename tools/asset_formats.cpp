@@ -26,6 +26,7 @@ std::span<const SAssetFormat> GetAssetFormats()
         AseAssetFormat,
         XAssetFormat,
         EnvelopeAssetFormat,
+        AseAssetFormat, TreeAssetFormat, GraphAssetFormat, Channels3AssetFormat, Channels4AssetFormat,
     };
     return formats;
 }

@@ -32,6 +32,7 @@ int main(int argc, char** argv)
     RegisterModelBenchmarks();
     RegisterEnvelopeBenchmarks();
     RegisterXBenchmarks();
+    RegisterContainerBenchmarks();
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();
     return 0;

@@ -38,3 +38,4 @@ void RegisterAseBenchmarks();
 void RegisterModelBenchmarks();
 void RegisterEnvelopeBenchmarks();
 void RegisterXBenchmarks();
+void RegisterContainerBenchmarks();

@@ -197,38 +197,64 @@ CSys_String GetFirstLine(CFile_Parser& parser)
     return CSys_String(line);
 }
 
-bool RecognisesTree(CFile_Parser& parser, unsigned)
+/// Whether the text is "{" and "}" alone: every container saves itself so when it is empty.
+bool IsEmptyBlock(CFile_Parser& parser)
 {
-    const CSys_String line = GetFirstLine(parser);
-    return RecognizeWord(L"addfolder:", line.Get()) != 0 || RecognizeWord(L"addkey:", line.Get()) != 0;
+    wchar_t line[CFile_Parser::BlockLineCapacity];
+    parser.Reset();
+    const bool isopened = parser.GetLine(line, CFile_Parser::BlockLineCapacity) == 1 && CompareStrings(line, L"{") == 1;
+    const bool isclosed = parser.GetLine(line, CFile_Parser::BlockLineCapacity) == 1 && CompareStrings(line, L"}") == 1;
+    parser.Reset();
+    return isopened && isclosed;
 }
 
-/// Numbers behind "addnode:" on the first line; -1 when that begins otherwise.
-int CountFirstNumbers(CFile_Parser& parser)
+/// Where the kind is told by name, any line of it will do, and so will an empty block; else the first line
+/// has to tell one kind from the other.
+template <class TTest>
+bool Recognises(CFile_Parser& parser, unsigned mostlines, std::span<const wchar_t* const> words, TTest isfirst)
 {
+    if (mostlines == ~0U)
+        return HasLineWithWord(parser, mostlines, words) || IsEmptyBlock(parser);
     const CSys_String line = GetFirstLine(parser);
-    if (RecognizeWord(L"addnode:", line.Get()) == 0)
-        return -1;
-    const wchar_t* at = FindWordEnd(line.Get());
+    return std::any_of(words.begin(), words.end(),
+                       [&](const wchar_t* word) { return RecognizeWord(word, line.Get()) != 0; }) &&
+           isfirst(line.Get());
+}
+
+/// How many numbers stand behind the first word.
+int CountNumbers(const wchar_t* line)
+{
     int count = 0;
-    for (float number = 0.0F; ScanFloat(at, number);)
+    float number = 0.0F;
+    for (const wchar_t* at = FindWordEnd(line); ScanFloat(at, number);)
         ++count;
     return count;
 }
 
-bool RecognisesGraph(CFile_Parser& parser, unsigned)
+bool RecognisesTree(CFile_Parser& parser, unsigned mostlines)
 {
-    return CountFirstNumbers(parser) == 0;
+    static constexpr const wchar_t* words[] = {L"addfolder:", L"addkey:"};
+    return Recognises(parser, mostlines, words, [](const wchar_t*) { return true; });
 }
 
-bool RecognisesChannels3(CFile_Parser& parser, unsigned)
+bool RecognisesGraph(CFile_Parser& parser, unsigned mostlines)
 {
-    return CountFirstNumbers(parser) == 4;
+    static constexpr const wchar_t* words[] = {L"addnode:"};
+    return Recognises(parser, mostlines, words, [](const wchar_t* line) { return CountNumbers(line) == 0; });
 }
 
-bool RecognisesChannels4(CFile_Parser& parser, unsigned)
+bool RecognisesChannels3(CFile_Parser& parser, unsigned mostlines)
 {
-    return CountFirstNumbers(parser) == 5 || RecognizeWord(L"addbnodes:", GetFirstLine(parser).Get()) != 0;
+    static constexpr const wchar_t* words[] = {L"addnode:"};
+    return Recognises(parser, mostlines, words, [](const wchar_t* line) { return CountNumbers(line) == 4; });
+}
+
+bool RecognisesChannels4(CFile_Parser& parser, unsigned mostlines)
+{
+    static constexpr const wchar_t* words[] = {L"addnode:", L"addbnodes:"};
+    return Recognises(parser, mostlines, words,
+                      [](const wchar_t* line)
+                      { return CountNumbers(line) == 5 || RecognizeWord(L"addbnodes:", line) != 0; });
 }
 
 constexpr std::string_view TreeEndings[] = {".tree"};

@@ -26,7 +26,7 @@ template <class X> class TResourceHandle : public CFile_IOObject
     std::uint32_t handleData = 0;  ///< For the manager's own use.
     std::uint64_t handleExtra = 0; ///< For the manager's own use.
 
-    TResourceHandle() = default;
+    TResourceHandle();
     TResourceHandle(const TResourceHandle&) = delete;
     TResourceHandle& operator=(const TResourceHandle&) = delete;
 
@@ -89,7 +89,7 @@ template <class X> class TResourceHandleR
     TResourceHandle<X>* handle = nullptr;         ///< The handle held, or null.
     TResourceHandle<X>* previousHandle = nullptr; ///< The one let go last; perhaps destroyed since.
 
-    TResourceHandleR() = default;
+    TResourceHandleR();
 
     TResourceHandleR(const TResourceHandleR& other) : handle(other.handle), previousHandle(other.previousHandle)
     {
@@ -130,3 +130,7 @@ template <class X> class TResourceHandleR
         }
     }
 };
+
+// Not in the classes, where an instance would not export them.
+template <class X> TResourceHandle<X>::TResourceHandle() = default;
+template <class X> TResourceHandleR<X>::TResourceHandleR() = default;

@@ -2,6 +2,7 @@
 #include "containers/channel_list.h"
 #include "containers/resource_manager.h"
 
+// NOLINTBEGIN(bugprone-macro-parentheses): types cannot stand in parentheses
 #define ASSET_TOOLS_DEFINE_TREE(T)                                                                                     \
     template class TTreeKey<T>;                                                                                        \
     template class TPArray<TTreeKey<T>>;                                                                               \
@@ -10,6 +11,7 @@
     template class TTree<T>;
 ASSET_TOOLS_TREE_ELEMENTS(ASSET_TOOLS_DEFINE_TREE)
 #undef ASSET_TOOLS_DEFINE_TREE
+// NOLINTEND(bugprone-macro-parentheses)
 
 template class TTreeAudio<CAudio_Sound>;
 template class TTreeGraphics<CEffects_System::CEffects_Flare>;

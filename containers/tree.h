@@ -31,7 +31,7 @@ template <class T> class TTreeKey : public T
     TTreeKey();
     TTreeKey(const TTreeKey& other) = default;
     TTreeKey& operator=(const TTreeKey& other) = default;
-    ~TTreeKey();
+    ~TTreeKey(); // NOLINT(modernize-use-override): whether T's is virtual is T's business
 };
 
 // Not in the class, where an instance would not export them; so below.
@@ -66,7 +66,8 @@ template <class T> class TTreeFolder : public CFile_IOObject
     /// The source may lie beneath this folder.
     TTreeFolder& operator=(const TTreeFolder& other) requires std::is_copy_constructible_v<T>
     {
-        CopyFrom(other);
+        if (this != &other)
+            CopyFrom(other);
         return *this;
     }
 
@@ -220,6 +221,7 @@ template <class T> TTreeGui<T>::~TTreeGui() = default;
 
 // The library holds every one of these once, for the elements that tree_elements.h lists. A list of keys or
 // folders comes before the folder that holds it by value.
+// NOLINTBEGIN(bugprone-macro-parentheses): types cannot stand in parentheses
 #define ASSET_TOOLS_DECLARE_TREE(T)                                                                                    \
     extern template class ASSET_TOOLS_API TTreeKey<T>;                                                                 \
     extern template class ASSET_TOOLS_API TPArray<TTreeKey<T>>;                                                        \
@@ -228,6 +230,7 @@ template <class T> TTreeGui<T>::~TTreeGui() = default;
     extern template class ASSET_TOOLS_API TTree<T>;
 ASSET_TOOLS_TREE_ELEMENTS(ASSET_TOOLS_DECLARE_TREE)
 #undef ASSET_TOOLS_DECLARE_TREE
+// NOLINTEND(bugprone-macro-parentheses)
 
 extern template class ASSET_TOOLS_API TTreeAudio<CAudio_Sound>;
 extern template class ASSET_TOOLS_API TTreeGraphics<CEffects_System::CEffects_Flare>;

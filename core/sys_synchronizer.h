@@ -13,7 +13,6 @@ class ENGINE_CORE_API CSys_Synchronizer
     CSys_Synchronizer();
     CSys_Synchronizer(const CSys_Synchronizer&) = delete;
     CSys_Synchronizer& operator=(const CSys_Synchronizer&) = delete;
-    ~CSys_Synchronizer();
 
     /// Waits until nobody is inside and enters. Returns 1.
     Result Enter();

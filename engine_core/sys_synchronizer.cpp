@@ -1,7 +1,6 @@
 #include "core/sys_synchronizer.h"
 
 CSys_Synchronizer::CSys_Synchronizer() = default;
-CSys_Synchronizer::~CSys_Synchronizer() = default;
 
 Result CSys_Synchronizer::Enter()
 {

@@ -318,6 +318,7 @@ TEST_F(ModelFromAse, SecondSceneJoinsTheFirst)
     EXPECT_EQ(model.Points.NumItems, 2U);
     EXPECT_EQ(attached.Name, CSys_String(L"Wood"));
     EXPECT_EQ(handle.refCount, 1U);
+    attached.Material.Destroy(); // the model outlives the handle here
 }
 
 /// The scene as text all the way: what the sample shows comes out as worked out by hand.

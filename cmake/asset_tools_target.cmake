@@ -7,6 +7,9 @@ function(asset_tools_target target)
     CXX_VISIBILITY_PRESET hidden
     VISIBILITY_INLINES_HIDDEN ON
     POSITION_INDEPENDENT_CODE ON)
+  if(WIN32)
+    set_target_properties(${target} PROPERTIES PREFIX "") # engine_core.dll, not libengine_core.dll
+  endif()
   target_compile_options(${target} PRIVATE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion
     $<$<BOOL:${ASSET_TOOLS_WERROR}>:-Werror>

@@ -14,16 +14,15 @@ set(CMAKE_SHARED_LINKER_FLAGS_INIT "${CMAKE_EXE_LINKER_FLAGS_INIT}")
 
 # Header-only packages are the same for every system. Only their own folders are let in: the rest of
 # /usr/include belongs to the C library of the machine that builds.
-set(portable_headers ${CMAKE_BINARY_DIR}/portable_headers)
-file(MAKE_DIRECTORY ${portable_headers})
+set(portable_packages ${CMAKE_BINARY_DIR}/portable_packages)
 foreach(package CLI rapidjson)
-  if(EXISTS /usr/include/${package} AND NOT EXISTS ${portable_headers}/${package})
-    file(CREATE_LINK /usr/include/${package} ${portable_headers}/${package} SYMBOLIC)
+  if(EXISTS /usr/include/${package})
+    file(MAKE_DIRECTORY ${portable_packages}/include)
+    file(CREATE_LINK /usr/include/${package} ${portable_packages}/include/${package} SYMBOLIC)
   endif()
 endforeach()
-set(CMAKE_CXX_STANDARD_INCLUDE_DIRECTORIES ${portable_headers})
 
-set(CMAKE_FIND_ROOT_PATH /usr/x86_64-w64-mingw32)
+set(CMAKE_FIND_ROOT_PATH /usr/x86_64-w64-mingw32 ${portable_packages})
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)

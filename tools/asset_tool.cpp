@@ -3,11 +3,13 @@
 #include "tools/asset.h"
 #include "tools/commands.h"
 #include "tools/output.h"
+#include "tools/utf8.h"
 
 #include <CLI/CLI.hpp>
 
 #include <iostream>
 #include <new>
+#include <vector>
 
 namespace
 {
@@ -64,6 +66,7 @@ int Run(int argc, char** argv)
     CLI::App app("Reads 3D assets (ASE scenes and other exports) and writes them for the engine.", "asset_tool");
     app.set_version_flag("--version", std::string("asset_tool ") + ASSET_TOOLS_VERSION);
     app.require_subcommand(1);
+    app.allow_windows_style_options(false); // A name that begins with "/" is a file everywhere.
 
     SCommandOptions options;
     unsigned long loglevel = 2;
@@ -117,7 +120,25 @@ int Run(int argc, char** argv)
 }
 } // namespace
 
+#if defined(_WIN32)
+
+// The narrow main would get its arguments in the system's code page, which not every file name fits into.
+extern "C" int wmain(int argc, wchar_t** argv)
+{
+    std::vector<std::string> texts;
+    for (int i = 0; i < argc; ++i)
+        texts.push_back(ToUtf8(argv[i]));
+    std::vector<char*> arguments;
+    for (std::string& text : texts)
+        arguments.push_back(text.data());
+    return Run(argc, arguments.data());
+}
+
+#else
+
 int main(int argc, char** argv)
 {
     return Run(argc, argv);
 }
+
+#endif

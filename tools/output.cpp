@@ -180,7 +180,7 @@ void COutput::Commit()
         if (std::filesystem::exists(status))
             std::filesystem::permissions(temporary, status.permissions(), failure);
         std::filesystem::rename(temporary, path, failure);
-        error = failure.value();
+        error = failure.default_error_condition().value();
     }
     const bool isdone = error == 0;
     if (isdone)

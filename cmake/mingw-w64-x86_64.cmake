@@ -22,16 +22,17 @@ foreach(package CLI rapidjson)
   endif()
 endforeach()
 
-set(CMAKE_FIND_ROOT_PATH /usr/x86_64-w64-mingw32 ${portable_packages})
+list(APPEND CMAKE_FIND_ROOT_PATH /usr/x86_64-w64-mingw32 ${portable_packages})
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 
 # Wine keeps its Windows folder in the build folder and never opens a window or asks for its add-ons.
+set(ASSET_TOOLS_WINE_PREFIX ${CMAKE_BINARY_DIR}/wine CACHE PATH "Wine's Windows folder")
 find_program(ASSET_TOOLS_WINE NAMES wine64 wine PATHS /usr/lib/wine)
 if(ASSET_TOOLS_WINE)
   set(CMAKE_CROSSCOMPILING_EMULATOR
-    env -u DISPLAY WINEPREFIX=${CMAKE_BINARY_DIR}/wine WINEDEBUG=-all WINEDLLOVERRIDES=mscoree,mshtml=
+    env -u DISPLAY WINEPREFIX=${ASSET_TOOLS_WINE_PREFIX} WINEDEBUG=-all WINEDLLOVERRIDES=mscoree,mshtml=
     ${ASSET_TOOLS_WINE})
 endif()

@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <cwchar>
+#include <filesystem>
 
 namespace
 {
@@ -215,7 +216,7 @@ TEST(FileParser, ReadsFilesByAnyName)
     const std::wstring wide = parser.GetFilename();
     EXPECT_EQ(wide.substr(wide.size() - 10), L"K\u00E4se \u20AC.txt");
     EXPECT_EQ(parser.OpenFile(wide.c_str()), 1);
-    EXPECT_EQ(std::remove(name.c_str()), 0);
+    EXPECT_TRUE(std::filesystem::remove(wide));
 
     EXPECT_EQ(parser.OpenFile(name.c_str()), 0);
     EXPECT_EQ(parser.GetError(), ENOENT);

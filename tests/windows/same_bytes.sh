@@ -30,7 +30,7 @@ compare() {
 }
 
 : >"$work/input"
-for sample in "$samples"/*; do
+for sample in "$samples"/*.*; do
     compare 0 convert "$sample"
     compare 0 inspect "$sample"
     compare 0 inspect --json "$sample"

@@ -20,6 +20,7 @@ endif()
 install(DIRECTORY core formats containers
   DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/asset_tools
   FILES_MATCHING PATTERN *.h)
+install(FILES debug/asset_tools_gdb.py debug/asset_tools.natvis DESTINATION ${CMAKE_INSTALL_DATADIR}/asset_tools)
 
 set(package ${CMAKE_INSTALL_LIBDIR}/cmake/asset_tools)
 install(EXPORT asset_tools_targets NAMESPACE asset_tools:: FILE asset_tools-config.cmake DESTINATION ${package})

@@ -11,6 +11,11 @@
 #include <new>
 #include <vector>
 
+#if defined(_WIN32)
+#include <fcntl.h>
+#include <io.h>
+#endif
+
 namespace
 {
 constexpr int ExitFailed = 1;
@@ -125,6 +130,9 @@ int Run(int argc, char** argv)
 // The narrow main would get its arguments in the system's code page, which not every file name fits into.
 extern "C" int wmain(int argc, wchar_t** argv)
 {
+    // Bytes go in and out as they are, with the line ends of every other system.
+    for (std::FILE* const stream : {stdin, stdout, stderr})
+        _setmode(_fileno(stream), _O_BINARY);
     std::vector<std::string> texts;
     for (int i = 0; i < argc; ++i)
         texts.push_back(ToUtf8(argv[i]));

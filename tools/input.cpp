@@ -7,18 +7,10 @@
 #include <iostream>
 #include <system_error>
 
-#if defined(_WIN32)
-#include <fcntl.h>
-#include <io.h>
-#endif
-
 namespace
 {
 std::string ReadStandardInput()
 {
-#if defined(_WIN32)
-    _setmode(_fileno(stdin), _O_BINARY);
-#endif
     std::string text;
     char piece[65536];
     for (;;)

@@ -7,8 +7,6 @@
 #include <system_error>
 
 #if defined(_WIN32)
-#include <fcntl.h>
-#include <io.h>
 #include <process.h>
 #else
 #include <fcntl.h>
@@ -123,9 +121,6 @@ COutput::COutput(const std::filesystem::path& newpath) : path(newpath)
     if (path.empty())
     {
         file = stdout;
-#if defined(_WIN32)
-        _setmode(_fileno(stdout), _O_BINARY);
-#endif
         return;
     }
     std::error_code ignored;

@@ -1,7 +1,8 @@
 #include "core/memory_manager.h"
 
+#include "engine_core/system_memory.h"
+
 #include <bit>
-#include <cstdlib>
 #include <limits>
 #include <new>
 #include <unordered_map>
@@ -121,7 +122,7 @@ std::int64_t GetMemoryCount()
 
 void* ObtainBlock(std::size_t size)
 {
-    return MayAllocate(size) ? std::malloc(RoundToClass(size)) : nullptr;
+    return MayAllocate(size) ? ObtainMemory(RoundToClass(size)) : nullptr;
 }
 
 void* ResizeBlock(void* block, std::size_t oldsize, std::size_t newsize)
@@ -131,12 +132,12 @@ void* ResizeBlock(void* block, std::size_t oldsize, std::size_t newsize)
     const std::size_t rounded = RoundToClass(newsize);
     if (block != nullptr && RoundToClass(oldsize) == rounded)
         return block;
-    return std::realloc(block, rounded);
+    return ResizeMemory(block, oldsize, rounded);
 }
 
 void ReleaseBlock(void* block)
 {
-    std::free(block);
+    ReleaseMemory(block);
 }
 
 void FailAllocations(std::uint64_t successes, std::uint64_t failures)

@@ -262,6 +262,23 @@ TEST(MemoryManager, KeepsBlocksAndMistakes)
     EXPECT_EQ(manager.GetNumMistakes(), 2U);
 }
 
+TEST(MemoryManager, KeepsBytesFromSmallBlocksToLargeOnes)
+{
+    std::size_t size = 1'000;
+    auto* block = static_cast<char*>(ObtainBlock(size));
+    for (const std::size_t newsize : {5'000U, 300'000U, 900'000U, 9'000'000U, 90'000'000U})
+    {
+        block[0] = 'a';
+        block[size - 1] = 'z';
+        block = static_cast<char*>(ResizeBlock(block, size, newsize));
+        ASSERT_NE(block, nullptr) << newsize;
+        EXPECT_EQ(block[0], 'a') << newsize;
+        EXPECT_EQ(block[size - 1], 'z') << newsize;
+        size = newsize;
+    }
+    ReleaseBlock(block);
+}
+
 TEST(MemoryManager, ResizesInPlaceWithinAQuarter)
 {
     void* block = ObtainBlock(100'000);

@@ -1,0 +1,93 @@
+#include "engine_core/system_memory.h"
+
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+
+#if defined(_WIN32)
+#define WIN32_LEAN_AND_MEAN
+#include <windows.h>
+
+namespace
+{
+// Windows cannot move the pages of a block as Linux does, so its realloc copies a large block at every step.
+// A large block is given addresses for four times its size instead; growth adds memory behind it until they are
+// used up. Addresses without memory cost nothing.
+constexpr std::size_t LargeSize = std::size_t{256} * 1024;
+constexpr std::size_t Headroom = 4;
+
+void* CommitMemory(void* block, std::size_t size)
+{
+    return VirtualAlloc(block, size, MEM_COMMIT, PAGE_READWRITE);
+}
+
+void* ObtainLarge(std::size_t size)
+{
+    void* const block = VirtualAlloc(nullptr, size * Headroom, MEM_RESERVE, PAGE_READWRITE);
+    if (block != nullptr && CommitMemory(block, size) == nullptr)
+    {
+        VirtualFree(block, 0, MEM_RELEASE);
+        return nullptr;
+    }
+    return block;
+}
+
+/// Whether ObtainLarge gave the block. Those begin what the system has allocated in one go, at multiples of
+/// 64 KB; a block of the heap stands behind the heap's own data.
+bool IsLarge(void* block)
+{
+    MEMORY_BASIC_INFORMATION information;
+    return reinterpret_cast<std::uintptr_t>(block) % 65536 == 0 &&
+           VirtualQuery(block, &information, sizeof(information)) != 0 && information.AllocationBase == block;
+}
+} // namespace
+
+void* ObtainMemory(std::size_t size)
+{
+    return size < LargeSize ? std::malloc(size) : ObtainLarge(size);
+}
+
+void* ResizeMemory(void* block, std::size_t oldsize, std::size_t newsize)
+{
+    if (block == nullptr)
+        return ObtainMemory(newsize);
+    const bool islarge = IsLarge(block);
+    if (!islarge && newsize < LargeSize)
+        return std::realloc(block, newsize);
+    if (islarge && CommitMemory(block, newsize) != nullptr)
+        return block;
+    void* const moved = ObtainMemory(newsize);
+    if (moved != nullptr)
+    {
+        std::memcpy(moved, block, oldsize < newsize ? oldsize : newsize);
+        ReleaseMemory(block);
+    }
+    return moved;
+}
+
+void ReleaseMemory(void* block)
+{
+    if (block != nullptr && IsLarge(block))
+        VirtualFree(block, 0, MEM_RELEASE);
+    else
+        std::free(block);
+}
+
+#else
+
+void* ObtainMemory(std::size_t size)
+{
+    return std::malloc(size);
+}
+
+void* ResizeMemory(void* block, std::size_t, std::size_t newsize)
+{
+    return std::realloc(block, newsize);
+}
+
+void ReleaseMemory(void* block)
+{
+    std::free(block);
+}
+
+#endif

@@ -216,7 +216,7 @@ TEST(FileParser, ReadsFilesByAnyName)
     const std::wstring wide = parser.GetFilename();
     EXPECT_EQ(wide.substr(wide.size() - 10), L"K\u00E4se \u20AC.txt");
     EXPECT_EQ(parser.OpenFile(wide.c_str()), 1);
-    EXPECT_TRUE(std::filesystem::remove(wide));
+    EXPECT_TRUE(std::filesystem::remove(std::u8string(name.begin(), name.end())));
 
     EXPECT_EQ(parser.OpenFile(name.c_str()), 0);
     EXPECT_EQ(parser.GetError(), ENOENT);

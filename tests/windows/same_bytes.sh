@@ -24,7 +24,8 @@ compare() {
     "${windows[@]}" "$@" <"$work/input" >"$work/windows" 2>"$work/windows.messages"
     [ $? = $status ] || fail "$* ends otherwise on Windows"
     cmp "$work/native" "$work/windows" || fail "$* writes other bytes on Windows"
-    diff "$work/native.messages" "$work/windows.messages" || fail "$* says other things on Windows"
+    # Wine's own processes, which start with the first program, may have their say.
+    diff "$work/native.messages" <(grep -v '^wine: ' "$work/windows.messages") || fail "$* says other things on Windows"
     compared=$((compared + 1))
 }
 

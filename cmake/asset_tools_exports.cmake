@@ -11,12 +11,14 @@ function(asset_tools_export_instances target)
   foreach(source ${sources})
     cmake_path(ABSOLUTE_PATH source BASE_DIRECTORY ${folder})
     set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${source})
-    file(STRINGS ${source} instances REGEX "^template (class|struct) .*>;")
+    file(READ ${source} text)
+    string(REGEX MATCHALL "\n *template (class|struct) [^;(\n]*>" instances "${text}")
     foreach(instance ${instances})
-      string(REGEX REPLACE "^template [a-z]+ (.*)>;.*" "\\1" name "${instance}")
+      string(REGEX REPLACE "\n *template [a-z]+ (.*)>" "\\1" name "${instance}")
+      string(REGEX REPLACE "<T(>|$)" "<*\\1" name "${name}") # In a macro that stands for several.
       # The linker's patterns know no brackets, commas or blanks, so a "?" stands for each. The second
       # pattern is for arguments that the line leaves to their defaults.
-      string(REGEX REPLACE "[^A-Za-z0-9_:]" "?" name "${name}")
+      string(REGEX REPLACE "[^A-Za-z0-9_:*]" "?" name "${name}")
       string(APPEND patterns "    ${name}?::*;\n    ${name}??*?::*;\n")
     endforeach()
   endforeach()

@@ -23,10 +23,8 @@ std::string ToSmallLetters(std::string_view text)
 std::span<const SAssetFormat> GetAssetFormats()
 {
     static const SAssetFormat formats[] = {
-        AseAssetFormat,
-        XAssetFormat,
-        EnvelopeAssetFormat,
-        AseAssetFormat, TreeAssetFormat, GraphAssetFormat, Channels3AssetFormat, Channels4AssetFormat,
+        AseAssetFormat,   XAssetFormat,         EnvelopeAssetFormat,  TreeAssetFormat,
+        GraphAssetFormat, Channels3AssetFormat, Channels4AssetFormat,
     };
     return formats;
 }

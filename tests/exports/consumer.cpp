@@ -2,12 +2,9 @@
 #include "containers/channel_list.h"
 #include "containers/resource_manager.h"
 #include "formats/ase/ase.h"
-#if __has_include("formats/envelope/envelope.h")
 #include "formats/envelope/envelope.h"
-#endif
-#if __has_include("formats/x/x.h")
+#include "formats/modelbuild/model_from_ase.h"
 #include "formats/x/x.h"
-#endif
 
 namespace
 {
@@ -100,15 +97,14 @@ void UseFormats(CFile_Parser& parser, CFile_Saver& saver)
     UsePointerArrays<R::CASEMaterial, R::CASEMaterialMap, R::CASEAnimation, R::CASECameraSettings, R::CASENode,
                      R::CASEMesh, R::CASEMappingChannel>();
     UseSaved<CFileFormat_Ase>(parser, saver);
-#if __has_include("formats/envelope/envelope.h")
+    CFileFormat_Ase scene;
+    CGraphics_Model model;
+    CreateModelFromASE(model, scene, 1.0F);
     using E = CFileFormat_Envelope;
     UseArrays<E::CEnvelopeBone, E::CEnvelopeVertexData, E::CEnvelopeVertexExclusionList, E::SSwitchBones>();
     UseSaved<CFileFormat_Envelope>(parser, saver);
-#endif
-#if __has_include("formats/x/x.h")
     UseArrays<CFileFormat_X::CXMesh, CFileFormat_X::CXMesh::SXFace>();
     UseSaved<CFileFormat_X>(parser, saver);
-#endif
 }
 
 void UseCore()

@@ -51,16 +51,12 @@ inline constexpr SArrayInstance ArrayInstances[] = {
     {"TPArray", "CGraphics_MappingChannel", "Add ="},
     {"TArray", "unsigned long", "Add CreateMultiple DeleteAll GetNumItems Reset C D = []"},
     {"TArray", "int", "CreateMultiple DeleteAll DeleteOrdered GetNumItems C D = []"},
-#if __has_include("formats/envelope/envelope.h")
     {"TArray", "CFileFormat_EnvelopeRecords::CEnvelopeBone", "Add DeleteAll DeleteOrdered GetNumItems C D = []"},
     {"TArray", "CFileFormat_EnvelopeRecords::CEnvelopeVertexData", WholeArray},
     {"TArray", "CFileFormat_EnvelopeRecords::CEnvelopeVertexExclusionList", WholeArray},
     {"TArray", "CFileFormat_EnvelopeRecords::SSwitchBones", WholeArray},
-#endif
-#if __has_include("formats/x/x.h")
     {"TArray", "CFileFormat_XRecords::CXMesh", WholeArray},
     {"TArray", "CFileFormat_XRecords::SMeshPolygon", "CreateMultiple DeleteAll C D = []"},
-#endif
     {"TPArray", "TKNode<CSys_DataNode>", "Add DeleteAll GetLast GetNumItems C D = []"},
     {"TArray", "SNodeLink", "Add CreateMultiple DeleteAll GetNumItems Reset C D = []"},
     {"TArray", "SChannelNode<float, 3u>", "Add DeleteAll GetArray GetNumItems D = []"},
@@ -117,13 +113,9 @@ inline constexpr const char* SavedClasses[] = {
     "CFileFormat_AseRecords::CASEHelper",
     "CFileFormat_AseRecords::CASEShapeObject",
     "CFileFormat_AseRecords::CASEShapeLine",
-#if __has_include("formats/envelope/envelope.h")
     "CFileFormat_Envelope",
-#endif
-#if __has_include("formats/x/x.h")
     "CFileFormat_X",
     "CFileFormat_XRecords::CXMesh",
-#endif
     "TGraph<CSys_DataNode>",
     "TChannelList<float, 3u>",
     "TChannelList<float, 4u>",
@@ -143,6 +135,8 @@ inline constexpr const char* SingleNames[] = {
     "CFileFormat_Ase::Destroy()",
     "CFileFormat_Ase::GetNamedGeomObject(wchar_t const*)",
     "CFileFormat_Ase::GetNamedGeomObjectIndex(wchar_t const*)",
+    "CFileFormat_Envelope::Destroy()",
+    "CreateModelFromASE(CGraphics_Model&, CFileFormat_Ase&, float)",
     "TGraph<CSys_DataNode>::Destroy()",
     "TGraph<CSys_DataNode>::TGraph()",
     "TGraph<CSys_DataNode>::TGraph(TGraph<CSys_DataNode> const&)",

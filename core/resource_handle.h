@@ -98,6 +98,7 @@ template <class X> class TResourceHandleR
     }
 
     /// Lets go of the handle held, as Destroy does, and holds the other's.
+    // NOLINTNEXTLINE(bugprone-unhandled-self-assignment,cert-oop54-cpp): Hold counts before it lets go
     TResourceHandleR& operator=(const TResourceHandleR& other)
     {
         Hold(other.handle);

@@ -6,10 +6,11 @@
 #include <iterator>
 #include <system_error>
 
+#include <fcntl.h>
 #if defined(_WIN32)
+#include <io.h>
 #include <process.h>
 #else
-#include <fcntl.h>
 #include <unistd.h>
 #endif
 

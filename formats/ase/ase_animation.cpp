@@ -14,8 +14,7 @@ void ReadToEnd(CFile_Parser* parser, CFile_IOCallback* callback)
 }
 
 /// Appends the keys of the track that this line opened.
-template <class TList>
-void ReadTrack(CBlockReader& animation, SKeyword track, SKeyword key, TList& keys)
+template <class TList> void ReadTrack(CBlockReader& animation, SKeyword track, SKeyword key, TList& keys)
 {
     if (!animation.Is(track))
         return;

@@ -19,8 +19,7 @@ bool NextEntry(CBlockReader& list, SKeyword keyword)
     return false;
 }
 
-void ReadVectors(CBlockReader& block, SKeyword heading, SKeyword keyword,
-                 TArray<CMath_Vector3>& vectors)
+void ReadVectors(CBlockReader& block, SKeyword heading, SKeyword keyword, TArray<CMath_Vector3>& vectors)
 {
     if (!block.Is(heading))
         return;

@@ -107,7 +107,7 @@ class CBlockReader
     }
 
     /// Whether the line's first word is the keyword.
-    bool Is(SKeyword keyword) const
+    [[gnu::always_inline]] bool Is(SKeyword keyword) const
     {
         if (!BeginsWith(keyword))
             return false;
@@ -116,7 +116,7 @@ class CBlockReader
     }
 
     /// Whether the line's first word is the keyword, which is then removed with the blanks behind it.
-    bool Strip(SKeyword keyword)
+    [[gnu::always_inline]] bool Strip(SKeyword keyword)
     {
         if (!Is(keyword))
             return false;
@@ -134,9 +134,23 @@ class CBlockReader
     }
 
     /// Whether the line begins with the text, whatever follows it.
-    bool BeginsWith(SKeyword text) const
+    [[gnu::always_inline]] bool BeginsWith(SKeyword text) const
     {
-        return rest[0] == text.text[0] && std::memcmp(rest, text.text, text.length * sizeof(wchar_t)) == 0;
+        // Eight bytes at a time: where the keyword is a literal, these are comparisons with constants.
+        std::size_t i = 0;
+        for (; i + CharactersPerStep <= text.length; i += CharactersPerStep)
+        {
+            std::uint64_t here = 0;
+            std::uint64_t there = 0;
+            std::memcpy(&here, rest + i, sizeof(here));
+            std::memcpy(&there, text.text + i, sizeof(there));
+            if (here != there)
+                return false;
+        }
+        for (; i < text.length; ++i)
+            if (rest[i] != text.text[i])
+                return false;
+        return true;
     }
 
     /// What is left of the line.
@@ -291,8 +305,9 @@ class CBlockReader
     }
 
   private:
-    // A keyword is compared as one block of bytes, which may reach past the line's end: so there is room
-    // for one behind the buffer, and behind the text that stands for no line.
+    // A keyword is compared several characters at a time, which may reach past the line's end: so there is
+    // room for one behind the buffer, and behind the text that stands for no line.
+    static constexpr std::size_t CharactersPerStep = sizeof(std::uint64_t) / sizeof(wchar_t);
     static constexpr std::size_t LongestKeyword = 64;
     static constexpr wchar_t NoText[LongestKeyword] = {};
     static constexpr long UnknownDepth = std::numeric_limits<long>::max();

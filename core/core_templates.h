@@ -439,7 +439,7 @@ class ENGINE_CORE_API TUserData
     TUserData();
     TUserData(const TUserData& other);
     TUserData& operator=(const TUserData& other);
-    ~TUserData();
+    ~TUserData(); // NOLINT(performance-trivially-destructible): exported, as the others are
 
     /// The pointer for index 0, null for any other.
     void* GetUserData(unsigned long index) const;

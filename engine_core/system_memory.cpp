@@ -84,12 +84,12 @@ void* AdviseLargePages(void* block, std::size_t size)
 {
 #if defined(MADV_HUGEPAGE)
     constexpr std::size_t largesize = std::size_t{4} * 1024 * 1024;
-    constexpr std::uintptr_t pagesize = 4096;
+    constexpr std::size_t pagesize = 4096;
     if (block != nullptr && size >= largesize)
     {
-        const std::uintptr_t first = (reinterpret_cast<std::uintptr_t>(block) + pagesize - 1) & ~(pagesize - 1);
-        const std::uintptr_t end = (reinterpret_cast<std::uintptr_t>(block) + size) & ~(pagesize - 1);
-        madvise(reinterpret_cast<void*>(first), end - first, MADV_HUGEPAGE); // advice: it may be declined
+        const std::size_t skipped = (pagesize - reinterpret_cast<std::uintptr_t>(block) % pagesize) % pagesize;
+        const std::size_t pages = (size - skipped) / pagesize;
+        madvise(static_cast<char*>(block) + skipped, pages * pagesize, MADV_HUGEPAGE); // advice: it may be declined
     }
 #else
     (void)size;

@@ -29,7 +29,7 @@ Result WriteToStandardError(const char* bytes, std::size_t size, void*)
 /// A path from the command line, which is UTF-8 on every platform.
 std::filesystem::path ToPath(const std::string& text)
 {
-    return std::filesystem::path(std::u8string(text.begin(), text.end()));
+    return std::u8string(text.begin(), text.end());
 }
 
 /// Adds what every command has in common and returns the command.
@@ -123,6 +123,20 @@ int Run(int argc, char** argv)
     Log = formerlog;
     return status;
 }
+
+/// The same, whatever is thrown where Run does not expect it.
+int RunGuarded(int argc, char** argv)
+{
+    try
+    {
+        return Run(argc, argv);
+    }
+    catch (...)
+    {
+        std::fputs("asset_tool: not enough memory\n", stderr);
+        return ExitFailed;
+    }
+}
 } // namespace
 
 #if defined(_WIN32)
@@ -139,14 +153,14 @@ extern "C" int wmain(int argc, wchar_t** argv)
     std::vector<char*> arguments;
     for (std::string& text : texts)
         arguments.push_back(text.data());
-    return Run(argc, arguments.data());
+    return RunGuarded(argc, arguments.data());
 }
 
 #else
 
 int main(int argc, char** argv)
 {
-    return Run(argc, argv);
+    return RunGuarded(argc, argv);
 }
 
 #endif

@@ -260,8 +260,9 @@ class CBlockReader
     {
         if (!Strip(keyword))
             return;
+        const std::wstring_view word(rest, static_cast<std::size_t>(FindWordEnd(rest) - rest));
         for (std::size_t i = 0; i < names.size(); ++i)
-            if (Is(names[i]))
+            if (word == std::wstring_view(names[i].text, names[i].length))
                 value = static_cast<T>(i);
     }
 

@@ -17,9 +17,10 @@ function(asset_tools_export_instances target)
       string(REGEX REPLACE "\n *template [a-z]+ (.*)>" "\\1" name "${instance}")
       string(REGEX REPLACE "<T(>|$)" "<*\\1" name "${name}") # In a macro that stands for several.
       # The linker's patterns know no brackets, commas or blanks, so a "?" stands for each. The second
-      # pattern is for arguments that the line leaves to their defaults.
+      # pattern is for a number as last argument, which gets a "u" behind it, the third for arguments that
+      # the line leaves to their defaults.
       string(REGEX REPLACE "[^A-Za-z0-9_:*]" "?" name "${name}")
-      string(APPEND patterns "    ${name}?::*;\n    ${name}??*?::*;\n")
+      string(APPEND patterns "    ${name}?::*;\n    ${name}??::*;\n    ${name}??*?::*;\n")
     endforeach()
   endforeach()
   set(script ${CMAKE_CURRENT_BINARY_DIR}/${target}_exports.map)

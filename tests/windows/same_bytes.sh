@@ -36,6 +36,9 @@ for sample in "$samples"/*.*; do
     compare 0 inspect --json "$sample"
 done
 
+compare 0 model "$samples/scene.ase"
+compare 0 model --scale 0.1 --json "$samples/scene.ase"
+
 # Names outside every code page, and standard input.
 name="$work/scène 日本 𝄞.ase"
 cp "$samples/scene.ase" "$name"

@@ -8,11 +8,11 @@ work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
 # Sizes are unsigned long here and unsigned long long on Windows, where names of types are not exported. Which
-# instances of function templates (those names begin with a result) and of the standard library's templates a
-# compiler leaves behind is its own affair.
+# instances of function templates (those names begin with a result), of the standard library's templates and which
+# thunks a compiler leaves behind is its own affair.
 tidy() {
     c++filt | sed -e 's/unsigned long long/unsigned long/g' -e 's/> >/>>/g' |
-        grep -vE '^(typeinfo name for|typeinfo for|guard variable|std::|__gnu_cxx::|operator |[a-z]+ )' | sort -u
+        grep -vE '^(typeinfo name for|typeinfo for|guard variable|non-virtual thunk|std::|__gnu_cxx::|operator |[a-z]+ )' | sort -u
 }
 
 failed=0

@@ -201,13 +201,34 @@ void WritePair(char* to, std::uint32_t number)
     std::memcpy(to, digitpairs.pairs + number * std::size_t{2}, 2);
 }
 
+/// A number below ten thousand, without leading zeros; returns the end.
+char* WriteUpToFour(char* to, std::uint32_t number)
+{
+    std::uint32_t first = number;
+    if (number >= 100)
+        first = number / 100;
+    if (first < 10)
+        *to++ = static_cast<char>('0' + first);
+    else
+    {
+        WritePair(to, first);
+        to += 2;
+    }
+    if (number >= 100)
+    {
+        WritePair(to, number % 100);
+        to += 2;
+    }
+    return to;
+}
+
 /// A whole number and six decimals behind a point; returns the end.
 char* WriteMillionths(char* to, std::uint64_t millionths)
 {
     const std::uint64_t whole = millionths / 1'000'000;
     const auto decimals = static_cast<std::uint32_t>(millionths - whole * 1'000'000);
-    if (whole < 10)
-        *to++ = static_cast<char>('0' + whole);
+    if (whole < 10'000)
+        to = WriteUpToFour(to, static_cast<std::uint32_t>(whole));
     else
         to = std::to_chars(to, to + 20, whole).ptr;
     *to = '.';

@@ -164,11 +164,6 @@ class CBlockReader
         return parser;
     }
 
-    CFile_IOCallback* GetCallback() const
-    {
-        return callback;
-    }
-
     // Scan: reads a value from what is left of the line. What does not parse leaves its place alone,
     // and so do the numbers behind it.
 

@@ -105,11 +105,6 @@ class CBlockWriter
             Save(heading, *list[i]);
     }
 
-    CFile_Saver* GetSaver() const
-    {
-        return saver;
-    }
-
   private:
     CFile_Saver* saver;
     bool isopen;

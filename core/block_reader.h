@@ -159,6 +159,12 @@ class CBlockReader
         return rest;
     }
 
+    /// Whether the lines behind this one are the block's own too, until one opens or closes a block.
+    bool GoesOn() const
+    {
+        return depth != UnknownDepth && parser->GetBlockDepth() <= depth;
+    }
+
     CFile_Parser* GetParser() const
     {
         return parser;
@@ -304,7 +310,6 @@ class CBlockReader
     // A keyword is compared several characters at a time, which may reach past the line's end: so there is
     // room for one behind the buffer, and behind the text that stands for no line.
     static constexpr std::size_t CharactersPerStep = sizeof(std::uint64_t) / sizeof(wchar_t);
-    static constexpr std::size_t LongestKeyword = 64;
     static constexpr wchar_t NoText[LongestKeyword] = {};
     static constexpr long UnknownDepth = std::numeric_limits<long>::max();
 

@@ -3,6 +3,7 @@
 
 #include "core/core_base.h"
 #include "core/sys_string.h"
+#include "core/word_helpers.h"
 
 /// Delivers a text line by line as wide characters, whatever its encoding and line ends.
 ///
@@ -98,6 +99,20 @@ class ENGINE_CORE_API CFile_Parser
         return size;
     }
 
+    /// The bytes of the text, for whoever reads long lists in place (core/plain_lines.h).
+    const char* GetText() const
+    {
+        return reinterpret_cast<const char*>(bytes);
+    }
+
+    /// The last place where a line ends and at least LongestKeyword bytes follow, when the text is UTF-8 and
+    /// its last lines are of ordinary length; otherwise 0. A search for a line end that starts before it needs
+    /// no other end.
+    std::size_t GetPlainEnd() const
+    {
+        return plainend;
+    }
+
     /// Number of the line in which the position stands, from 1. Counted when asked for.
     std::size_t GetLineNumber() const;
 
@@ -121,6 +136,7 @@ class ENGINE_CORE_API CFile_Parser
     bool FindLine();
     void DecodeUtf8Line(CLineBuffer& line);
     void DecodeUtf16Line(CLineBuffer& line);
+    std::size_t FindPlainEnd() const;
     std::size_t GetUnitSize() const;
     unsigned GetUnit(std::size_t position) const;
     bool EndsLine(std::size_t position) const;
@@ -131,6 +147,7 @@ class ENGINE_CORE_API CFile_Parser
     std::size_t size = 0;
     std::size_t begin = 0; ///< Where the text starts, behind a byte order mark.
     std::size_t offset = 0;
+    std::size_t plainend = 0;
     long blockdepth = 0;
     bool opensblock = false;
     EEncoding encoding = EEncoding::Utf8;

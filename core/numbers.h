@@ -8,6 +8,8 @@
 #include "core/core_base.h"
 
 #include <bit>
+#include <cstring>
+#include <type_traits>
 
 /// Room for any number that the functions below write, closing NUL included.
 inline constexpr std::size_t NumberCapacity = 352;
@@ -31,62 +33,100 @@ ENGINE_CORE_API std::size_t WriteFixed(char* to, double value);
 /// "%.9g": few digits, but enough for a 32-bit float to read back to the same bits.
 ENGINE_CORE_API std::size_t WriteExact(char* to, double value);
 
-/// "%d" and "%u", quick for short numbers without a sign.
-template <class T> inline bool ScanInteger(const wchar_t*& text, T& value)
+/// "%d" and "%u" for up to nine digits without a sign; anything else is left to ScanInteger. The text may be
+/// of any kind of character, and ends with one that no number has.
+template <class TCharacter, class T> inline bool ScanShortInteger(const TCharacter*& text, T& value)
 {
     constexpr std::ptrdiff_t mostdigits = 9; // below 2^30
-    const wchar_t* at = text;
+    const TCharacter* first = text;
+    while (*first == ' ' || *first == '\t')
+        ++first;
+    const TCharacter* at = first;
     std::uint32_t number = 0;
-    for (; *at >= L'0' && *at <= L'9' && at - text < mostdigits; ++at)
-        number = number * 10 + static_cast<std::uint32_t>(*at - L'0');
-    if (at == text || at - text == mostdigits)
-        return ScanAnyInteger(text, value);
+    for (; *at >= '0' && *at <= '9' && at - first <= mostdigits; ++at)
+        number = number * 10 + static_cast<std::uint32_t>(*at - '0');
+    if (at == first || at - first > mostdigits)
+        return false;
     value = static_cast<T>(number);
     text = at;
     return true;
 }
 
-/// "%f", quick for short decimals, which it rounds exactly as ScanAnyFloat does.
-inline bool ScanFloat(const wchar_t*& text, float& value)
+/// Takes four decimal digits at once and moves behind them; false when there are not as many. Four bytes
+/// are there to be read.
+inline bool ScanFourDigits(const char*& text, std::uint64_t& digits)
 {
-    static constexpr double powers[] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
-                                        1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
-    constexpr std::ptrdiff_t mostdigits = 15; // 10^15 is below 2^53, so the double below holds them all
+    static_assert(std::endian::native == std::endian::little);
+    std::uint32_t four = 0;
+    std::memcpy(&four, text, sizeof(four));
+    if (((four & 0xF0F0F0F0U) | ((four + 0x06060606U) & 0xF0F0F0F0U) >> 4) != 0x33333333U)
+        return false;
+    four -= 0x30303030U;
+    four = four * 10 + (four >> 8); // a number of two digits in the first and in the third byte
+    digits = digits * 10'000 + (four & 0xFF) * 100 + ((four >> 16) & 0xFF);
+    text += 4;
+    return true;
+}
 
-    const wchar_t* at = text;
-    while (*at == L' ' || *at == L'\t')
+/// "%f" for plain decimals of up to fifteen digits, which it rounds exactly as ScanAnyFloat does; anything
+/// else is left to ScanFloat. The text may be of any kind of character. It ends with one that no number has,
+/// and in bytes three more follow that may be looked at.
+template <class TCharacter> inline bool ScanShortFloat(const TCharacter*& text, float& value)
+{
+    static constexpr double scales[] = {1e0,  1e-1, 1e-2,  1e-3,  1e-4,  1e-5,  1e-6,  1e-7,
+                                        1e-8, 1e-9, 1e-10, 1e-11, 1e-12, 1e-13, 1e-14, 1e-15};
+    constexpr std::ptrdiff_t mostdigits = 15; // 10^15 is below 2^53, so a double holds them all
+
+    const TCharacter* at = text;
+    while (*at == ' ' || *at == '\t')
         ++at;
-    const bool isnegative = *at == L'-';
+    const bool isnegative = *at == '-';
     at += isnegative ? 1 : 0;
 
     std::uint64_t digits = 0;
-    const wchar_t* const first = at;
-    for (; *at >= L'0' && *at <= L'9'; ++at)
-        digits = digits * 10 + static_cast<std::uint64_t>(*at - L'0');
+    const TCharacter* const first = at;
+    for (; *at >= '0' && *at <= '9'; ++at)
+        digits = digits * 10 + static_cast<std::uint64_t>(*at - '0');
     std::ptrdiff_t count = at - first;
     std::ptrdiff_t decimals = 0;
-    if (*at == L'.')
+    if (*at == '.')
     {
-        const wchar_t* const point = at++;
-        for (; *at >= L'0' && *at <= L'9'; ++at)
-            digits = digits * 10 + static_cast<std::uint64_t>(*at - L'0');
+        const TCharacter* const point = at++;
+        if constexpr (std::is_same_v<TCharacter, char>)
+            ScanFourDigits(at, digits);
+        for (; *at >= '0' && *at <= '9'; ++at)
+            digits = digits * 10 + static_cast<std::uint64_t>(*at - '0');
         decimals = at - point - 1;
         count += decimals;
     }
-    if (count == 0 || count > mostdigits || (*at | 0x20) == L'e' || (*at | 0x20) == L'x')
-        return ScanAnyFloat(text, value);
+    if (count == 0 || count > mostdigits || (*at | 0x20) == 'e' || (*at | 0x20) == 'x')
+        return false;
 
-    // Both operands are exact, so the quotient is the double nearest to the number. Rounding it to a
-    // float gives the float nearest to the number unless the double lies just between two floats, or
-    // where floats grow coarser than 24 bits.
-    const double exact = static_cast<double>(digits) / powers[decimals];
+    // The digits are exact and the scale is the double nearest to it, so the product is the number but for
+    // its last two bits at most. As a float it is the one nearest to the number then, unless it lies about
+    // halfway between two. No float this large is coarser than 24 bits.
+    const double product = static_cast<double>(digits) * scales[decimals];
     constexpr std::uint64_t droppedbits = (std::uint64_t{1} << 29) - 1;
     constexpr std::uint64_t halfway = std::uint64_t{1} << 28;
-    if ((std::bit_cast<std::uint64_t>(exact) & droppedbits) == halfway)
-        return ScanAnyFloat(text, value);
+    constexpr std::uint64_t doubt = 4;
+    const std::uint64_t dropped = std::bit_cast<std::uint64_t>(product) & droppedbits;
+    if (dropped - (halfway - doubt) <= 2 * doubt)
+        return false;
 
-    const auto magnitude = static_cast<float>(exact);
+    const auto magnitude = static_cast<float>(product);
     value = isnegative ? -magnitude : magnitude;
     text = at;
     return true;
+}
+
+/// "%d" and "%u", quick for short numbers without a sign.
+template <class T> inline bool ScanInteger(const wchar_t*& text, T& value)
+{
+    return ScanShortInteger(text, value) || ScanAnyInteger(text, value);
+}
+
+/// "%f", quick for short decimals.
+inline bool ScanFloat(const wchar_t*& text, float& value)
+{
+    return ScanShortFloat(text, value) || ScanAnyFloat(text, value);
 }

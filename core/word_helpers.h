@@ -6,6 +6,9 @@
 
 #include <string_view>
 
+/// Room for any keyword and a character behind it.
+inline constexpr std::size_t LongestKeyword = 64;
+
 /// A word that lines begin with, of 1 to 63 characters. Its length is known when the program is compiled, so that a
 /// test of a line against it is a few comparisons.
 struct SKeyword

@@ -200,6 +200,7 @@ void CFile_Parser::Adopt(const unsigned char* newbytes, std::size_t newsize)
     }
     countedoffset = begin;
     countedlines = 0;
+    plainend = FindPlainEnd();
     Reset();
 }
 
@@ -318,6 +319,19 @@ void CFile_Parser::Report(unsigned long level, const wchar_t* format, ...)
 std::size_t CFile_Parser::GetUnitSize() const
 {
     return encoding == EEncoding::Utf8 ? 1 : 2;
+}
+
+/// Looks back over as much as a line and a keyword take, no further.
+std::size_t CFile_Parser::FindPlainEnd() const
+{
+    if (encoding != EEncoding::Utf8 || size < LongestKeyword)
+        return 0;
+    const std::size_t last = size - LongestKeyword;
+    const std::size_t first = last - std::min<std::size_t>(last, BlockLineCapacity);
+    for (std::size_t position = last; position > first; --position)
+        if (IsLineEnd(bytes[position]))
+            return position;
+    return 0;
 }
 
 /// The byte or 16-bit unit at a position; EndOfText where none is whole.

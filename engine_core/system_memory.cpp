@@ -75,6 +75,7 @@ void ReleaseMemory(void* block)
 
 #else
 
+#include <malloc.h>
 #include <sys/mman.h>
 
 namespace
@@ -103,9 +104,17 @@ void* ObtainMemory(std::size_t size)
     return AdviseLargePages(std::malloc(size), size);
 }
 
+// A block that has grown large gets a quarter more than was asked for, so that growing on by small steps
+// does not go to the system each time; memory that nobody writes to costs nothing.
 void* ResizeMemory(void* block, std::size_t, std::size_t newsize)
 {
-    return AdviseLargePages(std::realloc(block, newsize), newsize);
+    constexpr std::size_t largesize = std::size_t{64} * 1024;
+    if (newsize < largesize)
+        return std::realloc(block, newsize);
+    if (block != nullptr && malloc_usable_size(block) >= newsize)
+        return block;
+    void* const grown = std::realloc(block, newsize + newsize / 4);
+    return AdviseLargePages(grown != nullptr ? grown : std::realloc(block, newsize), newsize);
 }
 
 void ReleaseMemory(void* block)

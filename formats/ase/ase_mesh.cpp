@@ -1,48 +1,75 @@
 #include "formats/ase/ase_mesh.h"
 
 #include "core/block_writer.h"
+#include "core/plain_lines.h"
 
 // A scene is mostly the lists of its meshes, so their loops decide how fast it loads: one line, one
-// keyword, one element.
+// keyword, one entry. An entry is scanned from the block's line or from the text in place, alike.
 
 namespace
 {
-/// Moves to the next line of a list that is an entry, behind its keyword and number.
-bool NextEntry(CBlockReader& list, SKeyword keyword)
+/// Reads the lines of a list. `scan` reads an entry from a line and returns whether it is one; `keep` takes
+/// the entry.
+template <class TEntry, class TScan, class TKeep> void ReadList(CBlockReader& block, TScan scan, TKeep keep)
 {
+    CAseBlockReader list(block);
     while (list.NextLine())
-        if (list.Strip(keyword))
+    {
+        if (TEntry entry{}; scan(list, entry))
+            keep(entry);
+        for (CPlainLines lines(list); lines.NextLine();)
         {
-            list.StripWord();
-            return true;
+            TEntry entry{};
+            if (!scan(lines, entry) || !lines.EndLine())
+                break;
+            keep(entry);
         }
-    return false;
+    }
+}
+
+/// The same for a list whose entries are the elements of an array.
+template <class TEntry, class TScan> void ReadElements(CBlockReader& block, TArray<TEntry>& elements, TScan scan)
+{
+    ReadList<TEntry>(block, scan,
+                     [&](const TEntry& entry)
+                     {
+                         if (TEntry* const added = elements.Add())
+                             *added = entry;
+                     });
 }
 
 void ReadVectors(CBlockReader& block, SKeyword heading, SKeyword keyword, TArray<CMath_Vector3>& vectors)
 {
-    if (!block.Is(heading))
-        return;
-    CAseBlockReader list(block);
-    while (NextEntry(list, keyword))
-        if (CMath_Vector3* const vector = vectors.Add())
-            list.Scan(*vector);
+    if (block.Is(heading))
+        ReadElements(block, vectors,
+                     [keyword](auto& line, CMath_Vector3& vector)
+                     {
+                         if (!line.Strip(keyword))
+                             return false;
+                         line.StripWord();
+                         line.Scan(vector);
+                         return true;
+                     });
 }
 
 /// Triangles of three indices in one scan.
 template <class TFace> void ReadTextureFaces(CBlockReader& block, TArray<TFace>& faces)
 {
-    if (!block.Is(L"*MESH_TFACELIST"))
-        return;
-    CAseBlockReader list(block);
-    while (NextEntry(list, L"*MESH_TFACE"))
-        if (TFace* const face = faces.Add())
-            (void)(list.Scan(face->a) && list.Scan(face->b) && list.Scan(face->c));
+    if (block.Is(L"*MESH_TFACELIST"))
+        ReadElements(block, faces,
+                     [](auto& line, TFace& face)
+                     {
+                         if (!line.Strip(L"*MESH_TFACE"))
+                             return false;
+                         line.StripWord();
+                         (void)(line.Scan(face.a) && line.Scan(face.b) && line.Scan(face.c));
+                         return true;
+                     });
 }
 
 /// Labels with their values in any order: "A:", "B:" and "C:" with corners, "*MESH_MTLID" with the
 /// material id, edge and smoothing labels, which are passed over.
-void ScanFace(CBlockReader& line, CFileFormat_AseRecords::CASEFace& face)
+template <class TLine> void ScanFace(TLine& line, CFileFormat_AseRecords::CASEFace& face)
 {
     bool ismore = true;
     while (ismore)
@@ -62,28 +89,32 @@ void ScanFace(CBlockReader& line, CFileFormat_AseRecords::CASEFace& face)
 
 void ReadFaces(CBlockReader& block, TArray<CFileFormat_AseRecords::CASEFace>& faces)
 {
-    if (!block.Is(L"*MESH_FACE_LIST"))
-        return;
-    CAseBlockReader list(block);
-    while (list.NextLine())
-        if (list.Strip(L"*MESH_FACE"))
-            if (CFileFormat_AseRecords::CASEFace* const face = faces.Add())
-                if (list.StripWord())
-                    ScanFace(list, *face);
+    if (block.Is(L"*MESH_FACE_LIST"))
+        ReadElements(block, faces,
+                     [](auto& line, CFileFormat_AseRecords::CASEFace& face)
+                     {
+                         if (!line.Strip(L"*MESH_FACE"))
+                             return false;
+                         if (line.StripWord())
+                             ScanFace(line, face);
+                         return true;
+                     });
 }
 
 void ReadColorFaces(CBlockReader& block, TArray<CFileFormat_AseRecords::CASEFace>& faces)
 {
-    if (!block.Is(L"*MESH_CFACELIST"))
-        return;
-    CAseBlockReader list(block);
-    while (NextEntry(list, L"*MESH_CFACE"))
-        if (CFileFormat_AseRecords::CASEFace* const face = faces.Add())
-        {
-            list.ScanWord(face->a);
-            list.ScanWord(face->b);
-            list.ScanWord(face->c);
-        }
+    if (block.Is(L"*MESH_CFACELIST"))
+        ReadElements(block, faces,
+                     [](auto& line, CFileFormat_AseRecords::CASEFace& face)
+                     {
+                         if (!line.Strip(L"*MESH_CFACE"))
+                             return false;
+                         line.StripWord();
+                         line.ScanWord(face.a);
+                         line.ScanWord(face.b);
+                         line.ScanWord(face.c);
+                         return true;
+                     });
 }
 
 /// corner: which of a face's corners the next corner normal belongs to; it goes round, whatever faces come
@@ -93,28 +124,44 @@ void ReadNormals(CBlockReader& block, TArray<CFileFormat_AseRecords::SMeshFaceNo
     using SNormals = CFileFormat_AseRecords::SMeshFaceNormals;
     static constexpr CMath_Vector3 SNormals::*corners[] = {&SNormals::vnormala, &SNormals::vnormalb,
                                                            &SNormals::vnormalc};
+    struct SEntry
+    {
+        bool isface;
+        CMath_Vector3 normal;
+    };
 
     if (!block.Is(L"*MESH_NORMALS"))
         return;
-    CAseBlockReader list(block);
-    while (list.NextLine())
-    {
-        if (list.Strip(L"*MESH_VERTEXNORMAL"))
+    ReadList<SEntry>(
+        block,
+        [&](auto& line, SEntry& entry)
         {
-            list.StripWord();
-            if (SNormals* const record = normals.GetLast())
+            if (line.Strip(L"*MESH_VERTEXNORMAL"))
             {
-                list.Scan(record->*corners[corner]);
+                if (const SNormals* const record = normals.GetLast())
+                    entry.normal = record->*corners[corner];
+            }
+            else if (line.Strip(L"*MESH_FACENORMAL"))
+                entry.isface = true;
+            else
+                return false;
+            line.StripWord();
+            line.Scan(entry.normal);
+            return true;
+        },
+        [&](const SEntry& entry)
+        {
+            if (entry.isface)
+            {
+                if (SNormals* const record = normals.Add())
+                    record->normal = entry.normal;
+            }
+            else if (SNormals* const record = normals.GetLast())
+            {
+                record->*corners[corner] = entry.normal;
                 corner = (corner + 1) % 3;
             }
-        }
-        else if (list.Strip(L"*MESH_FACENORMAL"))
-        {
-            list.StripWord();
-            if (SNormals* const record = normals.Add())
-                list.Scan(record->normal);
-        }
-    }
+        });
 }
 } // namespace
 

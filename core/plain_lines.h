@@ -1,0 +1,156 @@
+/// Long lists, read where their lines stand in the text.
+///
+/// A scene is mostly lists of short lines, each a keyword and numbers, and to copy a line into a buffer of
+/// wide characters costs as much as to read it. So CPlainLines has the operations of CBlockReader, with the
+/// same results, for lines that are plain: ASCII without braces and quotes, numbers in their short forms.
+/// Whatever else a line holds is left to the block reader.
+#pragma once
+
+#include "core/block_reader.h"
+
+/// The lines that follow the one a block reader stands on, as long as they are plain.
+///
+/// An operation that meets something else returns false, as EndLine then does too: what was read from a
+/// line counts only when EndLine has returned true.
+class CPlainLines
+{
+  public:
+    explicit CPlainLines(const CBlockReader& block)
+        : parser(block.GetParser()), text(parser->GetText()), at(text + parser->GetOffset()), read(at),
+          end(block.GoesOn() ? text + parser->GetPlainEnd() : at)
+    {
+    }
+    CPlainLines(const CPlainLines&) = delete;
+    CPlainLines& operator=(const CPlainLines&) = delete;
+
+    /// Has the parser go on behind the lines that were read.
+    ~CPlainLines()
+    {
+        parser->SetOffset(static_cast<std::size_t>(read - text));
+    }
+
+    /// Moves to the next line; false when the rest of the text is for the block reader.
+    bool NextLine()
+    {
+        while (at < end && (IsBlank(*at) || IsLineEnd(*at)))
+            ++at;
+        first = at;
+        return isplain = at < end;
+    }
+
+    /// Whether the line has been read to its end and was plain.
+    bool EndLine()
+    {
+        PassBlanks();
+        if (!isplain || !IsLineEnd(*at) || at - first >= LongestLine)
+            return false;
+        read = at;
+        return true;
+    }
+
+    /// Whether the line's first word is the keyword, which is then removed with the blanks behind it.
+    [[gnu::always_inline]] bool Strip(SKeyword keyword)
+    {
+        if (!BeginsWith(keyword) || !IsBlank(at[keyword.length]))
+            return false;
+        at += keyword.length;
+        PassBlanks();
+        return true;
+    }
+
+    /// Removes the first word and the blanks behind it; false when there is none.
+    bool StripWord()
+    {
+        const char* const word = at;
+        return PassWord() && at != word;
+    }
+
+    bool Scan(std::int32_t& value)
+    {
+        return isplain = isplain && ScanShortInteger(at, value);
+    }
+
+    bool Scan(float& value)
+    {
+        return isplain = isplain && ScanShortFloat(at, value);
+    }
+
+    bool Scan(CMath_Vector3& vector)
+    {
+        return Scan(vector.x) && Scan(vector.y) && Scan(vector.z);
+    }
+
+    /// Reads a number and removes its word; false when there is none.
+    template <class T> bool ScanWord(T& value)
+    {
+        return Scan(value) && PassWord();
+    }
+
+  private:
+    // One character less than fits into a line buffer with its closing NUL.
+    static constexpr std::ptrdiff_t LongestLine = CFile_Parser::BlockLineCapacity - 1;
+
+    static bool IsBlank(char character)
+    {
+        return character == ' ' || character == '\t';
+    }
+
+    static bool IsLineEnd(char character)
+    {
+        return character == '\n' || character == '\r';
+    }
+
+    void PassBlanks()
+    {
+        while (IsBlank(*at))
+            ++at;
+    }
+
+    /// Passes the rest of a word and the blanks behind it; false when it is not plain.
+    bool PassWord()
+    {
+        while (*at > ' ' && *at < '{' && *at != '"')
+            ++at;
+        isplain = isplain && (IsBlank(*at) || IsLineEnd(*at));
+        PassBlanks();
+        return isplain;
+    }
+
+    /// Whether the text goes on with the keyword. There are at least as many bytes as a keyword has.
+    [[gnu::always_inline]] bool BeginsWith(SKeyword keyword) const
+    {
+        // Words at a time; the last one may overlap the one before it.
+        if (keyword.length >= 8)
+        {
+            std::uint64_t difference = Differ(keyword, keyword.length - 8);
+            for (std::size_t i = 0; i + 8 < keyword.length; i += 8)
+                difference |= Differ(keyword, i);
+            return difference == 0;
+        }
+        for (std::size_t i = 0; i < keyword.length; ++i)
+            if (at[i] != static_cast<char>(keyword.text[i]))
+                return false;
+        return true;
+    }
+
+    /// Zero when the keyword's eight characters from `i` on are those of the text. Where the keyword is a
+    /// literal, the compiler makes one constant of them.
+    [[gnu::always_inline]] std::uint64_t Differ(SKeyword keyword, std::size_t i) const
+    {
+        static_assert(std::endian::native == std::endian::little);
+        std::uint64_t wanted = 0;
+        for (std::size_t k = 0; k < 8; ++k)
+            wanted |= static_cast<std::uint64_t>(keyword.text[i + k]) << (k * 8);
+        std::uint64_t found = 0;
+        std::memcpy(&found, at + i, 8);
+        return wanted ^ found;
+    }
+
+    CFile_Parser* parser;
+    const char* text;  ///< The parser's whole text.
+    const char* at;    ///< In the line.
+    const char* first; ///< Where the line begins.
+    const char* read;  ///< Behind the last line that was read.
+    const char* end;   ///< A line end that no line read here lies behind.
+    bool isplain = false;
+};

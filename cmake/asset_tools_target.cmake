@@ -16,5 +16,7 @@ function(asset_tools_target target)
     # GCC 12 sees overlapping copies in std::string's operator+ that are not there.
     $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>
     # An exported function that is called inside its own library may be inlined there.
-    $<$<CXX_COMPILER_ID:GNU>:-fno-semantic-interposition>)
+    $<$<CXX_COMPILER_ID:GNU>:-fno-semantic-interposition>
+    # Nobody asks errno about a square root, and without it roots can be taken two at a time.
+    -fno-math-errno)
 endfunction()

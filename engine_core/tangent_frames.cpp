@@ -4,15 +4,27 @@
 #include "engine_core/face_space_corners.h"
 
 #include <cmath>
+#include <span>
 
 namespace
 {
-struct SVector
+/// Two numbers that are worked on at once.
+using SPair = double __attribute__((vector_size(16)));
+
+SPair MakePair(double one, double other)
 {
-    double x = 0.0;
-    double y = 0.0;
-    double z = 0.0;
+    const SPair pair = {one, other};
+    return pair;
+}
+
+/// A vector of TNumber: of one number each, or of pairs, which are two vectors side by side.
+template <class TNumber> struct TVector
+{
+    TNumber x = {};
+    TNumber y = {};
+    TNumber z = {};
 };
+using SVector = TVector<double>;
 
 SVector Widen(const CMath_Vector3& vector)
 {
@@ -24,33 +36,63 @@ CMath_Vector3 Narrow(const SVector& vector)
     return {static_cast<float>(vector.x), static_cast<float>(vector.y), static_cast<float>(vector.z)};
 }
 
-SVector operator-(const SVector& one, const SVector& other)
+TVector<SPair> Pair(const SVector& one, const SVector& other)
+{
+    return {MakePair(one.x, other.x), MakePair(one.y, other.y), MakePair(one.z, other.z)};
+}
+
+SVector GetOfPair(const TVector<SPair>& vectors, int place)
+{
+    return {vectors.x[place], vectors.y[place], vectors.z[place]};
+}
+
+template <class TNumber> TVector<TNumber> operator-(const TVector<TNumber>& one, const TVector<TNumber>& other)
 {
     return {one.x - other.x, one.y - other.y, one.z - other.z};
 }
 
-SVector operator*(const SVector& vector, double factor)
+template <class TNumber> TVector<TNumber> operator*(const TVector<TNumber>& vector, TNumber factor)
 {
     return {vector.x * factor, vector.y * factor, vector.z * factor};
 }
 
-double Dot(const SVector& one, const SVector& other)
+template <class TNumber> TNumber Dot(const TVector<TNumber>& one, const TVector<TNumber>& other)
 {
     return one.x * other.x + one.y * other.y + one.z * other.z;
 }
 
-SVector Cross(const SVector& one, const SVector& other)
+template <class TNumber> TVector<TNumber> Cross(const TVector<TNumber>& one, const TVector<TNumber>& other)
 {
     return {one.y * other.z - one.z * other.y, one.z * other.x - one.x * other.z, one.x * other.y - one.y * other.x};
 }
 
-/// Makes the vector length 1; false, the vector untouched, when it has no direction.
-bool Normalize(SVector& vector, double smallest = 0.0)
+double SquareRoot(double number)
 {
-    const double square = Dot(vector, vector);
-    if (!(square > smallest) || !std::isfinite(square))
+    return std::sqrt(number);
+}
+
+SPair SquareRoot(SPair pair)
+{
+    return MakePair(std::sqrt(pair[0]), std::sqrt(pair[1]));
+}
+
+bool HasDirection(double square, double smallest)
+{
+    return square > smallest && std::isfinite(square);
+}
+
+bool HasDirection(SPair squares, double smallest)
+{
+    return HasDirection(squares[0], smallest) && HasDirection(squares[1], smallest);
+}
+
+/// Makes the vector, or both of a pair, length 1; false, nothing changed, when one has no direction.
+template <class TNumber> bool Normalize(TVector<TNumber>& vector, double smallest = 0.0)
+{
+    const TNumber square = Dot(vector, vector);
+    if (!HasDirection(square, smallest))
         return false;
-    vector = vector * (1.0 / std::sqrt(square));
+    vector = vector * (1.0 / SquareRoot(square));
     return true;
 }
 
@@ -124,20 +166,49 @@ SVector ChooseNormal(const CMath_Vector3& cornernormal, const CMath_Vector3& fac
     return Normalize(normal) ? normal : SVector{0, 0, 1};
 }
 
+// Below this the part of a tangent that is perpendicular to a normal is nothing but rounding.
+constexpr double SmallestSquare = 1e-20;
+
+/// The tangent made perpendicular to the normal, or to both of a pair; false when there is nothing left of it.
+template <class TNumber>
+bool Orthogonalize(const TVector<TNumber>& tangent, const TVector<TNumber>& normal, TVector<TNumber>& along)
+{
+    along = tangent - normal * Dot(normal, tangent);
+    return Normalize(along, SmallestSquare);
+}
+
+double GetHandedness(const SVector& normal, const STriangle& triangle)
+{
+    const bool isbackwards = Dot(normal, triangle.normal) < 0.0;
+    return triangle.hastexture && triangle.isreversed != isbackwards ? -1.0 : 1.0;
+}
+
 void SetFrame(const SVector& normal, const STriangle& triangle, CMath_Vector3& tangent, CMath_Vector3& binormal)
 {
-    // Below this the tangent runs along the normal, but for rounding.
-    constexpr double smallest = 1e-20;
-
-    SVector along = triangle.tangent - normal * Dot(normal, triangle.tangent);
-    if (!triangle.hastexture || !Normalize(along, smallest))
+    SVector along;
+    if (!triangle.hastexture || !Orthogonalize(triangle.tangent, normal, along))
         along = GetPerpendicular(normal);
-    SVector across = Cross(normal, along);
-    const bool isbackwards = Dot(normal, triangle.normal) < 0.0;
-    if (triangle.hastexture && triangle.isreversed != isbackwards)
-        across = across * -1.0;
     tangent = Narrow(along);
-    binormal = Narrow(across);
+    binormal = Narrow(Cross(normal, along) * GetHandedness(normal, triangle));
+}
+
+/// The same for two corners at once, with their own normals; false, nothing set, when one of them lacks
+/// what a frame needs.
+bool SetTwoFrames(CGraphics_FaceSpace& space, const STriangle& triangle)
+{
+    TVector<SPair> normals = Pair(Widen(space.NormalA), Widen(space.NormalB));
+    TVector<SPair> along;
+    if (!triangle.hastexture || !Normalize(normals) ||
+        !Orthogonalize(Pair(triangle.tangent, triangle.tangent), normals, along))
+        return false;
+    const SPair handedness = {GetHandedness(GetOfPair(normals, 0), triangle),
+                              GetHandedness(GetOfPair(normals, 1), triangle)};
+    const TVector<SPair> across = Cross(normals, along) * handedness;
+    space.TangentA = Narrow(GetOfPair(along, 0));
+    space.TangentB = Narrow(GetOfPair(along, 1));
+    space.BinormalA = Narrow(GetOfPair(across, 0));
+    space.BinormalB = Narrow(GetOfPair(across, 1));
+    return true;
 }
 } // namespace
 
@@ -147,7 +218,8 @@ Result CGraphics_Mesh::CalculateTangentsAndBinormals()
     {
         CGraphics_FaceSpace& space = FaceSpaces.Items[i];
         const STriangle triangle = SolveTriangle(*this, i);
-        for (const SFaceSpaceCorner& corner : FaceSpaceCorners)
+        const std::span corners(FaceSpaceCorners);
+        for (const SFaceSpaceCorner& corner : corners.subspan(SetTwoFrames(space, triangle) ? 2 : 0))
         {
             const SVector normal = ChooseNormal(space.*corner.normal, space.FaceNormal, triangle);
             SetFrame(normal, triangle, space.*corner.tangent, space.*corner.binormal);

@@ -129,18 +129,29 @@ std::uint32_t RenumberMaterialIndices(CGraphics_Model& model)
     {
         // Every new index is below `numbered` and every old one is not: at least that many are smaller.
         CDistinctIndices distinct(faces);
+        // Neighbours often have the same index, which is then looked up once.
+        constexpr std::uint64_t none = std::numeric_limits<std::uint64_t>::max();
+        std::uint64_t last = none;
         VisitIndices(model,
                      [&](std::uint32_t index)
                      {
-                         if (index >= numbered)
-                             distinct.Add(index);
+                         if (index < numbered || index == last)
+                             return;
+                         distinct.Add(index);
+                         last = index;
                      });
         distinct.Finish();
+        std::uint32_t number = 0;
+        last = none;
         VisitIndices(model,
                      [&](std::uint32_t& index)
                      {
-                         if (index >= numbered && distinct.Accepts(index))
-                             index = numbered + distinct.GetRank(index);
+                         if (index < numbered || !distinct.Accepts(index))
+                             return;
+                         if (index != last)
+                             number = numbered + distinct.GetRank(index);
+                         last = index;
+                         index = number;
                      });
         numbered += distinct.GetCount();
         iscomplete = distinct.IsComplete();

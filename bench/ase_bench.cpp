@@ -1,5 +1,6 @@
 /// ASE scenes: load beside Assimp, save beside the plain ways of writing the same lines.
 #include "bench.h"
+#include "core/block_writer.h"
 #include "core/file_parser.h"
 #include "core/file_saver.h"
 #include "formats/ase/ase.h"
@@ -184,8 +185,7 @@ void SaveVectors(benchmark::State& state, std::size_t bytes)
         written = 0;
         CFile_Saver saver;
         saver.OpenSink(Discard, &written);
-        ForEachLine(document, [&](const CMath_Vector3& v)
-                    { saver.Write(0, L"addvertex: %f %f %f", double{v.x}, double{v.y}, double{v.z}); });
+        ForEachLine(document, [&](const CMath_Vector3& v) { WriteLine(&saver, L"addvertex: %f %f %f", v); });
         saver.Close();
     }
     CountBytes(state, written);

@@ -15,17 +15,46 @@
 #include "core/math_vector3.h"
 #include "core/sys_string.h"
 
+#include <array>
 #include <tuple>
 
+/// The format of a line, as CFile_Saver::Write has it, and what was seen in it when the program was compiled:
+/// the lines of long lists are a label and numbers of one kind.
+struct SLineFormat
+{
+    static constexpr std::size_t LongestLabel = 32;
+
+    const wchar_t* text;
+    std::size_t numbers = 0;    ///< How many follow the label; 0 when it is not such a line.
+    wchar_t conversion = L'\0'; ///< Of all of them: L'f' or L'd'.
+    std::size_t labelsize = 0;
+    char label[LongestLabel] = {};
+
+    template <std::size_t Size> consteval SLineFormat(const wchar_t (&literal)[Size]) : text(literal)
+    {
+        std::size_t at = 0;
+        for (; at < LongestLabel && literal[at] > L' ' && literal[at] < 0x7F && literal[at] != L'%'; ++at)
+            label[at] = static_cast<char>(literal[at]);
+        labelsize = at;
+        conversion = at + 3 < Size ? literal[at + 2] : L'\0';
+        for (; at + 3 < Size && literal[at] == L' ' && literal[at + 1] == L'%' && literal[at + 2] == conversion;
+             at += 3)
+            ++numbers;
+        if (literal[at] != L'\0' || (conversion != L'f' && conversion != L'd'))
+            numbers = 0;
+    }
+};
+
 /// Writes one line at level 0; each argument is spread into what its format expects: a vector and a
-/// colour into three numbers, a float widened to double, a string as its text.
-template <class... TArguments> void WriteLine(CFile_Saver* saver, const wchar_t* format, const TArguments&... arguments)
+/// colour into three numbers, a string as its text.
+template <class... TArguments>
+void WriteLine(CFile_Saver* saver, const SLineFormat& format, const TArguments&... arguments)
 {
     struct SSpread
     {
-        static std::tuple<double> Spread(float value)
+        static std::tuple<float> Spread(float value)
         {
-            return {double{value}};
+            return {value};
         }
         static std::tuple<std::int32_t> Spread(std::int32_t value)
         {
@@ -43,17 +72,27 @@ template <class... TArguments> void WriteLine(CFile_Saver* saver, const wchar_t*
         {
             return {text.Get()};
         }
-        static std::tuple<double, double, double> Spread(const CMath_Vector3& vector)
+        static std::tuple<float, float, float> Spread(const CMath_Vector3& vector)
         {
-            return {double{vector.x}, double{vector.y}, double{vector.z}};
+            return {vector.x, vector.y, vector.z};
         }
-        static std::tuple<double, double, double> Spread(const CMath_Color& color)
+        static std::tuple<float, float, float> Spread(const CMath_Color& color)
         {
-            return {double{color.r}, double{color.g}, double{color.b}};
+            return {color.r, color.g, color.b};
         }
     };
-    std::apply([&](auto... values) { saver->Write(0, format, values...); },
-               std::tuple_cat(SSpread::Spread(arguments)...));
+    const auto write = [&]<class... T>(const T&... values)
+    {
+        const std::string_view label(format.label, format.labelsize);
+        if constexpr (sizeof...(T) != 0 && (std::is_same_v<T, float> && ...))
+            if (format.numbers == sizeof...(T) && format.conversion == L'f')
+                return (void)saver->WriteNumbers(label, std::array{values...});
+        if constexpr (sizeof...(T) != 0 && (std::is_same_v<T, std::int32_t> && ...))
+            if (format.numbers == sizeof...(T) && format.conversion == L'd')
+                return (void)saver->WriteNumbers(label, std::array{values...});
+        saver->Write(0, format.text, values...);
+    };
+    std::apply(write, std::tuple_cat(SSpread::Spread(arguments)...));
 }
 
 /// Opens a block on construction and closes it on destruction.
@@ -79,13 +118,13 @@ class CBlockWriter
         return isopen;
     }
 
-    template <class... TArguments> void Write(const wchar_t* format, const TArguments&... arguments)
+    template <class... TArguments> void Write(const SLineFormat& format, const TArguments&... arguments)
     {
         WriteLine(saver, format, arguments...);
     }
 
     /// One line for each element of a list.
-    template <class TList> void WriteEach(const wchar_t* format, const TList& list)
+    template <class TList> void WriteEach(const SLineFormat& format, const TList& list)
     {
         for (const auto& element : list)
             WriteLine(saver, format, element);

@@ -3,6 +3,9 @@
 
 #include "core/core_base.h"
 
+#include <span>
+#include <string_view>
+
 /// Writes the engine text block form as UTF-8 with LF: "{" and "}" on lines of their own, one tab per
 /// open block before every line. Holds back some bytes until Close. A saver that is not open takes
 /// calls and does nothing.
@@ -46,6 +49,11 @@ class ENGINE_CORE_API CFile_Saver
     /// Returns 0 when the line was left out, the saver is not open or a write has failed.
     Result Write(unsigned long level, const wchar_t* format, ...);
 
+    /// Writes one line at level 0: the label, which is plain ASCII, and each number behind a blank, as "%f" or
+    /// "%d". The same as Write, but quicker: for long lists. Returns as Write does.
+    Result WriteNumbers(std::string_view label, std::span<const float> numbers);
+    Result WriteNumbers(std::string_view label, std::span<const std::int32_t> numbers);
+
     /// Lines below this level are left out; 0 at first, 2 for the log.
     void SetLowestLevel(unsigned long newlevel);
     unsigned long GetLowestLevel() const;
@@ -71,6 +79,7 @@ class ENGINE_CORE_API CFile_Saver
 
     template <class TName> Result CreateFile(const TName* name);
     Result Start(Sink newsink, void* context);
+    template <class TNumber> Result WriteRow(std::string_view label, std::span<const TNumber> numbers);
     bool Reserve(std::size_t more);
     bool Flush();
     void Fail(int why);

@@ -4,6 +4,7 @@
 #include "core/memory_manager.h"
 #include "engine_core/file_access.h"
 #include "engine_core/text_format.h"
+#include "engine_core/write_number.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -198,6 +199,33 @@ Result CFile_Saver::Write(unsigned long level, const wchar_t* format, ...)
     va_end(arguments.list);
     EndLine();
     return error == 0 ? 1 : 0;
+}
+
+template <class TNumber> Result CFile_Saver::WriteRow(std::string_view label, std::span<const TNumber> numbers)
+{
+    if (!Accepts(0) || !Reserve(depth + label.size() + numbers.size() * (NumberCapacity + 1) + 1))
+        return 0;
+    char* to = std::fill_n(buffer + used, depth, '\t');
+    to = std::copy_n(label.data(), label.size(), to);
+    for (const TNumber number : numbers)
+    {
+        *to = ' ';
+        to = WriteNumber(to + 1, number);
+    }
+    *to++ = '\n';
+    used = static_cast<std::size_t>(to - buffer);
+    EndLine();
+    return error == 0 ? 1 : 0;
+}
+
+Result CFile_Saver::WriteNumbers(std::string_view label, std::span<const float> numbers)
+{
+    return WriteRow(label, numbers);
+}
+
+Result CFile_Saver::WriteNumbers(std::string_view label, std::span<const std::int32_t> numbers)
+{
+    return WriteRow(label, numbers);
 }
 
 void CFile_Saver::SetLowestLevel(unsigned long newlevel)

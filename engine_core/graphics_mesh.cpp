@@ -34,7 +34,7 @@ template <class T> void ReadNew(CBlockReader& block, SKeyword keyword, TArray<T>
             Scan(block, *element);
 }
 
-void WriteFaces(CBlockWriter& block, const wchar_t* format, const TArray<SGraphics_Face>& faces)
+void WriteFaces(CBlockWriter& block, const SLineFormat& format, const TArray<SGraphics_Face>& faces)
 {
     for (const SGraphics_Face& face : faces)
         block.Write(format, face.A, face.B, face.C, face.Material);

@@ -1,5 +1,7 @@
 #include "core/numbers.h"
 
+#include "engine_core/write_number.h"
+
 #include <algorithm>
 #include <charconv>
 #include <cmath>
@@ -196,30 +198,48 @@ struct SDigitPairs
 };
 constexpr SDigitPairs digitpairs;
 
-void WritePair(char* to, std::uint32_t number)
+/// A number below ten thousand as its four digits, the first one in the lowest byte.
+std::uint32_t GetFourDigits(std::uint32_t number)
 {
-    std::memcpy(to, digitpairs.pairs + number * std::size_t{2}, 2);
+    static_assert(std::endian::native == std::endian::little);
+    const std::uint32_t hundreds = number / 100;
+    std::uint16_t first = 0;
+    std::uint16_t last = 0;
+    std::memcpy(&first, digitpairs.pairs + hundreds * std::size_t{2}, 2);
+    std::memcpy(&last, digitpairs.pairs + (number - hundreds * 100) * std::size_t{2}, 2);
+    return first | static_cast<std::uint32_t>(last) << 16;
 }
 
-/// A number below ten thousand, without leading zeros; returns the end.
+void WriteFour(char* to, std::uint32_t number)
+{
+    const std::uint32_t digits = GetFourDigits(number);
+    std::memcpy(to, &digits, 4);
+}
+
+/// The same without leading zeros; returns the end. How many digits a number has is not to be foreseen, so
+/// nothing branches on it.
 char* WriteUpToFour(char* to, std::uint32_t number)
 {
-    std::uint32_t first = number;
-    if (number >= 100)
-        first = number / 100;
-    if (first < 10)
-        *to++ = static_cast<char>('0' + first);
-    else
-    {
-        WritePair(to, first);
-        to += 2;
-    }
-    if (number >= 100)
-    {
-        WritePair(to, number % 100);
-        to += 2;
-    }
-    return to;
+    constexpr std::uint32_t values = 0x0F0F0F0F;    // '0' to '9' without what they have in common
+    constexpr std::uint32_t lastdigit = 0x01000000; // which stays, be it zero or not
+    const std::uint32_t digits = GetFourDigits(number);
+    const int zeros = std::countr_zero((digits & values) | lastdigit) / 8;
+    const std::uint32_t shown = digits >> (zeros * 8);
+    std::memcpy(to, &shown, 4);
+    return to + (4 - zeros);
+}
+
+/// A whole number, mostly a short one; returns the end.
+char* WriteWhole(char* to, std::uint64_t number)
+{
+    if (number < 10'000)
+        return WriteUpToFour(to, static_cast<std::uint32_t>(number));
+    if (number >= 100'000'000)
+        return std::to_chars(to, to + 20, number).ptr;
+    const auto tenthousands = static_cast<std::uint32_t>(number / 10'000);
+    to = WriteUpToFour(to, tenthousands);
+    WriteFour(to, static_cast<std::uint32_t>(number) - tenthousands * 10'000);
+    return to + 4;
 }
 
 /// A whole number and six decimals behind a point; returns the end.
@@ -227,24 +247,17 @@ char* WriteMillionths(char* to, std::uint64_t millionths)
 {
     const std::uint64_t whole = millionths / 1'000'000;
     const auto decimals = static_cast<std::uint32_t>(millionths - whole * 1'000'000);
-    if (whole < 10'000)
-        to = WriteUpToFour(to, static_cast<std::uint32_t>(whole));
-    else
-        to = std::to_chars(to, to + 20, whole).ptr;
+    to = WriteWhole(to, whole);
     *to = '.';
-    WritePair(to + 1, decimals / 10'000);
-    WritePair(to + 3, decimals / 100 % 100);
-    WritePair(to + 5, decimals % 100);
+    WriteFour(to + 1, decimals / 100);
+    std::memcpy(to + 5, digitpairs.pairs + decimals % 100 * std::size_t{2}, 2);
     return to + 7;
 }
 
-/// value times a million, rounded to even, when value is a float and that fits in 64 bits.
-bool ScaleToMillionths(double value, std::uint64_t& millionths)
+/// The number times a million, rounded to even; false when that does not fit in 64 bits.
+bool ScaleToMillionths(float number, std::uint64_t& millionths)
 {
-    const auto single = static_cast<float>(value);
-    if (static_cast<double>(single) != value)
-        return false;
-    const auto bits = std::bit_cast<std::uint32_t>(single);
+    const auto bits = std::bit_cast<std::uint32_t>(number);
     const std::uint32_t exponentbits = (bits >> 23) & 0xFF;
     const std::uint64_t fraction = (bits & 0x7FFFFF) | (exponentbits != 0 ? 0x800000U : 0U);
     const int exponent = static_cast<int>(exponentbits != 0 ? exponentbits : 1) - 150;
@@ -256,20 +269,37 @@ bool ScaleToMillionths(double value, std::uint64_t& millionths)
         millionths = product << exponent;
         return true;
     }
-    const int shift = -exponent;
-    if (shift > 45) // less than half a millionth
-    {
-        millionths = 0;
-        return true;
-    }
-    const std::uint64_t dropped = product & ((std::uint64_t{1} << shift) - 1);
-    const std::uint64_t half = std::uint64_t{1} << (shift - 1);
-    millionths = product >> shift;
-    if (dropped > half || (dropped == half && (millionths & 1) != 0))
-        ++millionths;
+    const int shift = std::min(-exponent, 63); // the product is below half of what 46 and more drop
+    const std::uint64_t isodd = (product >> shift) & 1;
+    const std::uint64_t belowhalf = (std::uint64_t{1} << (shift - 1)) - 1;
+    millionths = (product + belowhalf + isodd) >> shift;
     return true;
 }
+
+/// "%f" of any number; returns the end.
+char* WriteAnyFixed(char* to, double value)
+{
+    if (std::isnan(value))
+        return std::copy_n("nan", 3, to);
+    return std::to_chars(to, to + NumberCapacity, value, std::chars_format::fixed, 6).ptr;
+}
 } // namespace
+
+char* WriteNumber(char* to, float number)
+{
+    std::uint64_t millionths = 0;
+    if (!ScaleToMillionths(number, millionths))
+        return WriteAnyFixed(to, double{number});
+    *to = '-';
+    return WriteMillionths(to + (std::signbit(number) ? 1 : 0), millionths);
+}
+
+char* WriteNumber(char* to, std::int32_t number)
+{
+    *to = '-';
+    const auto bits = static_cast<std::uint32_t>(number);
+    return WriteWhole(to + (number < 0 ? 1 : 0), number < 0 ? 0 - bits : bits);
+}
 
 bool ScanAnyInteger(const wchar_t*& text, std::int32_t& value)
 {
@@ -327,29 +357,19 @@ bool ScanAnyFloat(const wchar_t*& text, float& value)
 
 std::size_t WriteInteger(char* to, std::int32_t value)
 {
-    return static_cast<std::size_t>(std::to_chars(to, to + NumberCapacity, value).ptr - to);
+    return static_cast<std::size_t>(WriteNumber(to, value) - to);
 }
 
 std::size_t WriteInteger(char* to, std::uint32_t value)
 {
-    return static_cast<std::size_t>(std::to_chars(to, to + NumberCapacity, value).ptr - to);
+    return static_cast<std::size_t>(WriteWhole(to, value) - to);
 }
 
 std::size_t WriteFixed(char* to, double value)
 {
-    std::uint64_t millionths = 0;
-    if (ScaleToMillionths(value, millionths))
-    {
-        *to = '-';
-        char* const first = to + (std::signbit(value) ? 1 : 0);
-        return static_cast<std::size_t>(WriteMillionths(first, millionths) - to);
-    }
-    if (std::isnan(value))
-    {
-        return static_cast<std::size_t>(std::copy_n("nan", 3, to) - to);
-    }
-    return static_cast<std::size_t>(std::to_chars(to, to + NumberCapacity, value, std::chars_format::fixed, 6).ptr -
-                                    to);
+    const auto single = static_cast<float>(value);
+    char* const end = double{single} == value ? WriteNumber(to, single) : WriteAnyFixed(to, value);
+    return static_cast<std::size_t>(end - to);
 }
 
 std::size_t WriteExact(char* to, double value)

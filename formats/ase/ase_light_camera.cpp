@@ -131,7 +131,7 @@ Result CFileFormat_AseRecords::CASECamera::Load(CFile_Parser* parser, CFile_IOCa
 
 Result CFileFormat_AseRecords::CASECamera::Save(CFile_Saver* saver)
 {
-    static constexpr const wchar_t* typelines[] = {L"cameratype: unknown", L"cameratype: target", L"cameratype: free"};
+    static constexpr SLineFormat typelines[] = {L"cameratype: unknown", L"cameratype: target", L"cameratype: free"};
 
     CBlockWriter block(saver);
     if (!block.IsOpen())

@@ -54,7 +54,8 @@ void SaveTextField(CFile_Saver* saver, const wchar_t* keyword, const wchar_t* te
             else
             {
                 wchar_t escape[16];
-                std::swprintf(escape, std::size(escape), L"\\u%lX;", static_cast<unsigned long>(letter));
+                // Not straight to a long: a letter whose wchar_t is negative would become twice as many digits.
+                std::swprintf(escape, std::size(escape), L"\\u%X;", static_cast<unsigned>(letter));
                 line.PutText(escape, std::wcslen(escape));
             }
             i += character.size;

@@ -1,50 +1,97 @@
 /// What the fuzz targets share: one document read from any bytes, and everything done with it that callers do.
 #pragma once
 
-#include "core/file_io_object.h"
-#include "core/file_parser.h"
-#include "core/file_saver.h"
-#include "core/memory_manager.h"
+#include "fuzz/describe.h"
+#include "tests/support/documents.h"
 
 #include <cstdint>
 #include <cstdlib>
-#include <cstring>
 #include <string>
-#include <type_traits>
+#include <vector>
 
-inline std::string FuzzSave(CFile_IOObject& document)
+/// Stops the fuzzer, which keeps the input, unless it holds.
+inline void Check(bool isright)
 {
-    CFile_Saver saver;
-    saver.OpenMemory();
-    document.Save(&saver);
-    return saver.GetText();
+    if (!isright)
+        std::abort();
 }
 
-/// Loads the bytes, copies what came out, saves both, and stops the fuzzer where they differ. The first byte says
-/// which allocation fails: none when it is 0.
-template <class TDocument> void FuzzDocument(const std::uint8_t* bytes, std::size_t size)
+/// An input, or what of it a target has not used up: in a block of exactly its size, so that a read past either
+/// end shows.
+class CInput
 {
-    if (size == 0)
-        return;
-    CSys_MemoryManager registry;
-    MM = &registry;
+  public:
+    CInput(const std::uint8_t* first, std::size_t size) : bytes(first, first + size)
     {
-        TDocument document;
-        CFile_Parser parser;
-        parser.Open(bytes + 1, size - 1);
-        if (bytes[0] != 0)
-            FailAllocations(bytes[0] * std::uint64_t{4}, bytes[0] % 2 == 0 ? 1 : ~std::uint64_t{0} / 2);
-        document.Load(&parser, nullptr);
-        FailAllocations(0, 0);
-        const std::string saved = FuzzSave(document);
-        if constexpr (std::is_copy_constructible_v<TDocument>)
-        {
-            TDocument copy(document);
-            if (FuzzSave(copy) != saved)
-                std::abort();
-        }
     }
-    MM = nullptr;
-    if (registry.GetNumAllocations() != 0 || registry.GetNumMistakes() != 0)
-        std::abort();
+
+    /// The next byte, 0 where there is none.
+    unsigned Take()
+    {
+        return next < bytes.size() ? bytes[next++] : 0U;
+    }
+
+    bool IsEmpty() const
+    {
+        return next == bytes.size();
+    }
+
+    CInput GetRest() const
+    {
+        return {bytes.data() + next, bytes.size() - next};
+    }
+
+    std::string_view GetText() const
+    {
+        return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
+    }
+
+  private:
+    std::vector<std::uint8_t> bytes;
+    std::size_t next = 0;
+};
+
+/// Does the work with a registry and a log that takes everything, and checks that nothing was leaked.
+template <class TWork> int Watch(TWork work)
+{
+    const CRegistryWatch registry;
+    {
+        const CLogWatch log;
+        work();
+    }
+    Check(registry.IsBalanced());
+    return 0;
+}
+
+/// Loads the text twice, copies and moves what came out: it must always be the same, and stay so.
+template <class TDocument> void CheckDocument(const CInput& input, TDocument& document)
+{
+    LoadText(document, input.GetText());
+    const std::string described = Describe(document);
+    {
+        CFile_Parser source;
+        source.Open(input.GetText().data(), input.GetText().size());
+        CFile_Parser rest;
+        rest.Add(source);
+        TDocument again;
+        again.Load(&rest, nullptr);
+        Check(Describe(again) == described);
+    }
+    TDocument copy(document);
+    Check(Describe(copy) == described);
+    TDocument moved(std::move(copy));
+    copy = moved;
+    Check(Describe(moved) == described && Describe(copy) == described);
+    copy = TDocument();
+    Check(Describe(document) == described);
+}
+
+/// The same for what reads its own saved text: reading that must give it once more.
+template <class TDocument> void CheckSavedText(const CInput& input, TDocument& document)
+{
+    CheckDocument(input, document);
+    const std::string saved = SaveText(document);
+    TDocument again;
+    LoadText(again, saved);
+    Check(SaveText(again) == saved);
 }

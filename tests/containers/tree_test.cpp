@@ -157,6 +157,18 @@ TEST(Tree, RandomTreesComeBack)
     EXPECT_TRUE(watch.IsBalanced());
 }
 
+TEST(Tree, EscapesOfAnyNumberComeBack)
+{
+    CTree tree;
+    LoadText(tree, "addkey: a\n{\ntext: \"\\uFFFFFFFFFFFFFFFF;b\\u110000;\\uD800;\"\n}\n");
+    EXPECT_EQ(tree.root.keys[0]->Get()[1], L'b');
+    const std::string saved = SaveText(tree);
+    CTree again;
+    LoadText(again, saved);
+    EXPECT_EQ(SaveText(again), saved);
+    EXPECT_EQ(CSys_String(*again.root.keys[0]), CSys_String(*tree.root.keys[0]));
+}
+
 TEST(Tree, AssignsAFolderFromBeneathItself)
 {
     CRegistryWatch watch;

@@ -1,33 +1,15 @@
 #include "formats/modelbuild/model_from_ase.h"
 #include "tests/support/documents.h"
+#include "tests/support/material_indices.h"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <random>
-#include <set>
 #include <vector>
 
 namespace
 {
-using CIndices = std::vector<std::uint32_t>;
-
-/// Appends a geometry whose faces have these material indices.
-void AddFaces(CGraphics_Model& model, const CIndices& indices)
-{
-    CGraphics_Mesh& mesh = model.Geometries.Add()->Mesh;
-    for (const std::uint32_t index : indices)
-        *mesh.Faces.Add() = {0, 0, 0, index};
-}
-
-CIndices GetIndices(const CGraphics_Model& model)
-{
-    CIndices indices;
-    for (const CGraphics_Model::CGeometry* geometry : model.Geometries)
-        for (const SGraphics_Face& face : geometry->Mesh.Faces)
-            indices.push_back(face.Material);
-    return indices;
-}
+using CIndices = CMaterialIndices;
 
 /// A build from an empty scene renumbers what the model has. Returns the number of materials.
 std::uint32_t Renumber(CGraphics_Model& model)
@@ -35,38 +17,6 @@ std::uint32_t Renumber(CGraphics_Model& model)
     CFileFormat_Ase document;
     EXPECT_EQ(CreateModelFromASE(model, document, 1.0F), 1);
     return model.MaterialLists[0]->Materials.NumItems;
-}
-
-/// The renumbering in its slow steps: shift down to 0, then close one gap after the other.
-std::uint32_t RenumberStepByStep(CIndices& indices)
-{
-    if (indices.empty())
-        return 1;
-    while (*std::min_element(indices.begin(), indices.end()) != 0)
-        for (std::uint32_t& index : indices)
-            index -= index != 0 ? 1 : 0;
-    for (std::uint32_t gap = 0; gap < *std::max_element(indices.begin(), indices.end());)
-    {
-        if (std::count(indices.begin(), indices.end(), gap) != 0)
-        {
-            ++gap;
-            continue;
-        }
-        for (std::uint32_t& index : indices)
-            index -= index > gap ? 1 : 0;
-        gap = 0;
-    }
-    return *std::max_element(indices.begin(), indices.end()) + 1;
-}
-
-/// For values of any size: the rank of each.
-CIndices Rank(const CIndices& indices)
-{
-    const std::set<std::uint32_t> distinct(indices.begin(), indices.end());
-    CIndices ranks;
-    for (const std::uint32_t index : indices)
-        ranks.push_back(static_cast<std::uint32_t>(std::distance(distinct.begin(), distinct.find(index))));
-    return ranks;
 }
 } // namespace
 

@@ -67,6 +67,8 @@ template <class TWork> int Watch(TWork work)
 template <class TDocument> void CheckDocument(const CInput& input, TDocument& document)
 {
     LoadText(document, input.GetText());
+    if (IsPadded(document))
+        return;
     const std::string described = Describe(document);
     {
         CFile_Parser source;
@@ -78,7 +80,6 @@ template <class TDocument> void CheckDocument(const CInput& input, TDocument& do
         Check(Describe(again) == described);
     }
     TDocument copy(document);
-    Check(Describe(copy) == described);
     TDocument moved(std::move(copy));
     copy = moved;
     Check(Describe(moved) == described && Describe(copy) == described);

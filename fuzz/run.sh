@@ -45,7 +45,7 @@ run_target() {
     $keep || return 0
     local kept
     kept=$(mktemp -d)
-    "$bin/$target" "${options[@]}" -merge=1 "$kept" "$corpus" "$learnt/$target" "$here/samples" >"$log" 2>&1
+    "$bin/$target" "${options[@]}" -merge=1 -max_len=2048 "$kept" "$corpus" "$learnt/$target" >"$log" 2>&1
     rm -rf "$corpus" "$log"
     mv "$kept" "$corpus"
     chmod 755 "$corpus"

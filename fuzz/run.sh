@@ -2,7 +2,7 @@
 # Runs fuzz targets, two at a time, each for some seconds from the samples and its kept corpus on, and tells how many
 # inputs each executed. What a target finds is left in build/fuzz/found, and the script then fails.
 #     fuzz/run.sh [-k] [SECONDS [TARGET...]]
-# -k keeps what was learnt: the corpus under fuzz/corpus becomes the fewest inputs that reach as much.
+# -k keeps what was learnt: the corpus under fuzz/corpus becomes the few, short inputs that reach as much of the code.
 set -euo pipefail
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 source "$here/cmake/setup.sh"
@@ -45,7 +45,7 @@ run_target() {
     $keep || return 0
     local kept
     kept=$(mktemp -d)
-    "$bin/$target" "${options[@]}" -merge=1 -max_len=2048 "$kept" "$corpus" "$learnt/$target" >"$log" 2>&1
+    "$bin/$target" "${options[@]}" -set_cover_merge=1 -use_counters=0 -max_len=1024 "$kept" "$corpus" "$learnt/$target" >"$log" 2>&1
     rm -rf "$corpus" "$log"
     mv "$kept" "$corpus"
     chmod 755 "$corpus"

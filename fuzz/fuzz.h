@@ -51,6 +51,10 @@ class CInput
     std::size_t next = 0;
 };
 
+// What a document may take of memory: room for the first elements of its lists, and a small multiple of its text.
+constexpr std::size_t RoomToBegin = 1 << 20;
+constexpr std::size_t MostBytesPerByte = 256;
+
 /// Does the work with a registry and a log that takes everything, and checks that nothing was leaked.
 template <class TWork> int Watch(TWork work)
 {
@@ -69,6 +73,7 @@ template <class TDocument> void CheckDocument(const CInput& input, TDocument& do
     LoadText(document, input.GetText());
     if (IsPadded(document))
         return;
+    Check(MM->GetAllocatedSize() <= input.GetText().size() * MostBytesPerByte + RoomToBegin);
     const std::string described = Describe(document);
     {
         CFile_Parser source;

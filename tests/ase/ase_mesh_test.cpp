@@ -138,16 +138,3 @@ TEST(AseMesh, PassesOverBlocksInsideListsAndBetween)
     EXPECT_EQ(*mesh.vertices[1], CMath_Vector3(2, 0, 0));
     EXPECT_EQ(mesh.timevalue, 3);
 }
-
-TEST(AseMesh, CopiesOwnTheirLists)
-{
-    CMesh mesh;
-    LoadText(mesh, TwoFaces);
-    CMesh copy(mesh);
-    copy.vertices[0]->x = 99;
-    copy.mappingchannels[0]->tvertices[0]->x = 99;
-    EXPECT_EQ(mesh.vertices[0]->x, -1.5F);
-    EXPECT_EQ(mesh.mappingchannels[0]->tvertices[0]->x, 0.1F);
-    mesh = copy;
-    EXPECT_EQ(mesh.mappingchannels[0]->tvertices[0]->x, 99.0F);
-}

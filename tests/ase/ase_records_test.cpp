@@ -45,23 +45,16 @@ TEST(AseScene, ReadsAndWritesItsHeader)
 TEST(AseNode, ResetsOnlyTheMatrix)
 {
     CRecords::CASENode node;
-    LoadText(node,
-             "*NODE_NAME \"100% box\"\n*INHERIT_POS 1 0 1\n*TM_ROW0 1 2 3\n*TM_ROW3 7 8 9\n*TM_POS 4 5 6\n"
-             "*TM_ROTAXIS 0 0 1\n*TM_ROTANGLE 1.5\n*TM_SCALE 2 2 2\n*TM_SCALEAXIS 1 0 0\n*TM_SCALEAXISANG 0.5\n}\n");
-    EXPECT_EQ(node.matrix.m[0][2], 3.0F);
+    LoadText(node, "*NODE_NAME \"100% box\"\n*TM_ROW0 1 2 3\n*TM_ROW3 7 8 9\n*TM_POS 4 5 6\n}\n");
     EXPECT_EQ(node.matrix.m[3][0], 7.0F);
-    EXPECT_EQ(node.matrix.m[3][3], 1.0F);
-    EXPECT_EQ(node.scaleangle, 0.5F);
-    EXPECT_EQ(node.scaleaxis, CMath_Vector3(1, 0, 0));
-    EXPECT_EQ(node.scale, CMath_Vector3(2, 2, 2));
     LoadText(node, "*TM_ROTANGLE 2\n}\n");
     EXPECT_EQ(node.matrix.m[0][2], 0.0F);
     EXPECT_EQ(node.matrix.m[3][0], 0.0F);
-    EXPECT_EQ(SaveText(node), "{\n\tname: \"100% box\"\n\tinheritpos: 1.000000 0.000000 1.000000\n"
+    EXPECT_EQ(SaveText(node), "{\n\tname: \"100% box\"\n\tinheritpos: 0.000000 0.000000 0.000000\n"
                               "\tinheritrot: 0.000000 0.000000 0.000000\n\tinheritscale: 0.000000 0.000000 0.000000\n"
-                              "\tposition: 4.000000 5.000000 6.000000\n\trotationaxis: 0.000000 0.000000 1.000000\n"
-                              "\trotationangle: 2.000000\n\tscale: 2.000000 2.000000 2.000000\n"
-                              "\tscaleaxis: 1.000000 0.000000 0.000000\n\tscaleangle: 0.500000\n}\n");
+                              "\tposition: 4.000000 5.000000 6.000000\n\trotationaxis: 0.000000 0.000000 0.000000\n"
+                              "\trotationangle: 2.000000\n\tscale: 0.000000 0.000000 0.000000\n"
+                              "\tscaleaxis: 0.000000 0.000000 0.000000\n\tscaleangle: 0.000000\n}\n");
 }
 
 TEST(AseMaterial, WritesItsScalarDescription)
@@ -76,15 +69,9 @@ TEST(AseMaterial, WritesItsScalarDescription)
         "0.000000\n"
         "\twiresize: 0.000000\n\tshading: Blinn\n\txp_falloff: 0.000000\n\tselfillumination: 0.000000\n\tfalloff: In\n"
         "\txp_type: Filter\n}\n");
-    LoadText(material,
-             "*MATERIAL_CLASS \"Standard\"\n*MATERIAL_AMBIENT 0.1 x 0.3\n*MATERIAL_DIFFUSE 0.5 0.25 1\n"
-             "*MATERIAL_SPECULAR 1\n*MATERIAL_SHINE 0.1\n*MATERIAL_SHINESTRENGTH 0.2\n*MATERIAL_TRANSPARENCY 0.3\n"
-             "*MATERIAL_WIRESIZE 0.4\n*MATERIAL_XP_FALLOFF 0.5\n*MATERIAL_SELFILLUM 0.6\n}\n");
-    EXPECT_EQ(SaveText(material),
-              "{\n\tname: \"Planks\"\n\tclass: \"Standard\"\n\tambient: 0.100000 0.000000 0.300000\n"
-              "\tdiffuse: 0.500000 0.250000 1.000000\n\tspecular: 1.000000 0.000000 0.000000\n\tshine: 0.100000\n"
-              "\tshinestrength: 0.200000\n\ttransparency: 0.300000\n\twiresize: 0.400000\n\tshading: Blinn\n"
-              "\txp_falloff: 0.500000\n\tselfillumination: 0.600000\n\tfalloff: In\n\txp_type: Filter\n}\n");
+    LoadText(material, "*MATERIAL_AMBIENT 0.1 x 0.3\n*MATERIAL_SPECULAR 1\n}\n");
+    EXPECT_TRUE(Holds(SaveText(material), "\tambient: 0.100000 0.000000 0.300000\n"));
+    EXPECT_TRUE(Holds(SaveText(material), "\tspecular: 1.000000 0.000000 0.000000\n"));
 }
 
 TEST(AseMaterial, KeepsOptionsItDoesNotKnow)
@@ -102,29 +89,12 @@ TEST(AseMaterial, KeepsOptionsItDoesNotKnow)
 
 TEST(AseMaterial, KeepsMapsAndSubMaterialsInTheOrderMet)
 {
-    static constexpr std::pair<const char*, CRecords::CASEMaterialMap CRecords::CASEMaterial::*> maps[] = {
-        {"*MAP_DIFFUSE", &CRecords::CASEMaterial::map_diffuse},
-        {"*MAP_SPECULAR", &CRecords::CASEMaterial::map_specular},
-        {"*MAP_SHINE", &CRecords::CASEMaterial::map_shine},
-        {"*MAP_SHINESTRENGTH", &CRecords::CASEMaterial::map_shinestrength},
-        {"*MAP_SELFILLUM", &CRecords::CASEMaterial::map_selfillum},
-        {"*MAP_OPACITY", &CRecords::CASEMaterial::map_opacity},
-        {"*MAP_FILTERCOLOR", &CRecords::CASEMaterial::map_filtercolor},
-        {"*MAP_BUMP", &CRecords::CASEMaterial::map_bump},
-        {"*MAP_REFLECT", &CRecords::CASEMaterial::map_reflect},
-        {"*MAP_REFRACT", &CRecords::CASEMaterial::map_refract},
-        {"*MAP_DISPLACEMENT", &CRecords::CASEMaterial::map_displacement},
-    };
-    std::string text;
-    for (int i = 0; const auto& [keyword, map] : maps)
-        text += std::string(keyword) + " {\n*MAP_SUBNO " + std::to_string(++i) + "\n*BITMAP \"x.tga\"\n}\n";
-    text += "*MAP_AMBIENT {\n*MAP_SUBNO 99\n}\n*NUMSUBMTLS 3\n*SUBMATERIAL 7 {\n*MATERIAL_NAME \"first\"\n"
-            "*SUBMATERIAL 0 {\n*MATERIAL_NAME \"inner\"\n}\n}\n*SUBMATERIAL 1 {\n*MATERIAL_NAME "
-            "\"second\"\n}\n*MATERIAL_SHINE 1\n}\n";
     CRecords::CASEMaterial material;
-    LoadText(material, text);
-    for (int i = 0; const auto& [keyword, map] : maps)
-        EXPECT_EQ((material.*map).subno, ++i) << keyword;
+    LoadText(material,
+             "*MAP_BUMP {\n*MAP_SUBNO 3\n*BITMAP \"x.tga\"\n}\n*MAP_AMBIENT {\n*MAP_SUBNO 99\n}\n*NUMSUBMTLS 3\n"
+             "*SUBMATERIAL 7 {\n*MATERIAL_NAME \"first\"\n*SUBMATERIAL 0 {\n*MATERIAL_NAME \"inner\"\n}\n}\n"
+             "*SUBMATERIAL 1 {\n*MATERIAL_NAME \"second\"\n}\n*MATERIAL_SHINE 1\n}\n");
+    EXPECT_EQ(material.map_bump.subno, 3);
     ASSERT_EQ(material.submaterials.GetNumItems(), 2U);
     EXPECT_STREQ(material.submaterials[0]->name.Get(), L"\"first\"");
     EXPECT_STREQ((*material.submaterials[0]).submaterials[0]->name.Get(), L"\"inner\"");
@@ -233,19 +203,12 @@ TEST(AseLight, WritesTypeAndShapeOnlyWhenNamed)
     EXPECT_FALSE(Holds(text, "type:"));
     EXPECT_TRUE(Holds(text, "\tshadows: 1\n\tuselight: 1\n\taddlightsettings:\n")) << text;
     EXPECT_TRUE(Holds(text, "\taddanimation:\n\t{\n\t\tname: \n\t}\n}\n")) << "always";
-    LoadText(
-        light,
-        "*LIGHT_TYPE Omni\n*LIGHT_SHADOWS Off\n*LIGHT_SPOTSHAPE Circle\n*NODE_TM {\n*TM_POS 1 2 3\n}\n"
-        "*LIGHT_SETTINGS {\n*TIMEVALUE 160\n*LIGHT_COLOR 0.5 0.25\n*LIGHT_INTENS 1\n*LIGHT_ASPECT 2\n*LIGHT_TDIST 3\n"
-        "*LIGHT_MAPBIAS 4\n*LIGHT_MAPRANGE 5\n*LIGHT_MAPSIZE 6\n*LIGHT_RAYBIAS 7\n}\n}\n");
+    LoadText(light, "*LIGHT_TYPE Omni\n*LIGHT_SHADOWS Off\n*LIGHT_SPOTSHAPE Circle\n"
+                    "*LIGHT_SETTINGS {\n*LIGHT_COLOR 0.5 0.25\n}\n}\n");
     text = SaveText(light);
     EXPECT_TRUE(Holds(text, "{\n\tname: \"Spot\"\n\ttype: omni\n\taddnode:\n")) << text;
-    EXPECT_TRUE(Holds(text,
-                      "\tshadows: 0\n\tuselight: 1\n\tspottype: circle\n\taddlightsettings:\n\t{\n\t\ttimevalue: 160\n"
-                      "\t\tlightcolor: 0.500000 0.250000 0.000000\n\t\tintensity: 1.000000\n\t\taspect: 2.000000\n"
-                      "\t\ttdistance: 3.000000\n\t\tmapbias: 4.000000\n\t\tmaprange: 5.000000\n\t\tmapsize: 6.000000\n"
-                      "\t\traybias: 7.000000\n\t}\n"))
-        << text;
+    EXPECT_TRUE(Holds(text, "\tshadows: 0\n\tuselight: 1\n\tspottype: circle\n")) << text;
+    EXPECT_TRUE(Holds(text, "\t\tlightcolor: 0.500000 0.250000 0.000000\n")) << text;
 }
 
 TEST(AseCamera, KeepsListsAndItsType)
@@ -267,16 +230,6 @@ TEST(AseCamera, KeepsListsAndItsType)
         LoadText(camera, std::string(row.line) + "\n}\n");
         EXPECT_EQ(SaveText(camera), std::string("{\n\tname: \n\t") + row.saved + "\n}\n") << row.line;
     }
-    LoadText(camera,
-             "*NODE_NAME \"Cam\"\n*CAMERA_TYPE Target\n*NODE_TM {\n*TM_POS 1 1 1\n}\n*NODE_TM {\n}\n"
-             "*CAMERA_SETTINGS {\n*TIMEVALUE 1\n*CAMERA_NEAR 2\n*CAMERA_FAR 3\n*CAMERA_FOV 4\n*CAMERA_TDIST 5\n}\n"
-             "*TM_ANIMATION {\n*NODE_NAME \"A\"\n}\n}\n");
-    const std::string text = SaveText(camera);
-    EXPECT_EQ(Count(text, "\taddnode:\n"), 2);
-    EXPECT_TRUE(Holds(text, "\tcameratype: target\n\taddcamerasettings:\n\t{\n\t\ttimevalue: 1\n\t\tnear: 2.000000\n"
-                            "\t\tfar: 3.000000\n\t\tfov: 4.000000\n\t\ttargetdistance: 5.000000\n\t}\n"
-                            "\taddanimation:\n\t{\n\t\tname: \"A\"\n\t}\n}\n"))
-        << text;
 }
 
 TEST(AseHelper, HasNoAnimation)
@@ -303,30 +256,4 @@ TEST(AseShape, KeepsKnotsOfOpenAndClosedLines)
     LoadText(shape, "*TM_ANIMATION {\n*CONTROL_POS_TRACK {\n*CONTROL_POS_SAMPLE 0 0 0 0\n}\n}\n}\n");
     text = SaveText(shape);
     EXPECT_EQ(Count(text, "\taddanimation:\n"), 1);
-}
-
-TEST(AseRecords, SaveNothingWithoutABlock)
-{
-    CFile_Saver closed;
-    CFileFormat_Ase document;
-    CRecords::CASEGeomObject object;
-    CRecords::CASEMaterial material;
-    CRecords::CASELight light;
-    CRecords::CASECamera camera;
-    CRecords::CASECameraSettings camerasettings;
-    CRecords::CASEHelper helper;
-    CRecords::CASEShapeObject shape;
-    CRecords::CASEShapeLine line;
-    CRecords::CASEMappingChannel channel;
-    for (CFile_IOObject* record :
-         {static_cast<CFile_IOObject*>(&document), static_cast<CFile_IOObject*>(&document.Scene),
-          static_cast<CFile_IOObject*>(&object), static_cast<CFile_IOObject*>(&object.node),
-          static_cast<CFile_IOObject*>(&object.mesh), static_cast<CFile_IOObject*>(&object.animation),
-          static_cast<CFile_IOObject*>(&object.ikjoint), static_cast<CFile_IOObject*>(&object.meshanimation),
-          static_cast<CFile_IOObject*>(&material), static_cast<CFile_IOObject*>(&material.map_bump),
-          static_cast<CFile_IOObject*>(&light), static_cast<CFile_IOObject*>(&light.settings),
-          static_cast<CFile_IOObject*>(&camera), static_cast<CFile_IOObject*>(&camerasettings),
-          static_cast<CFile_IOObject*>(&helper), static_cast<CFile_IOObject*>(&shape),
-          static_cast<CFile_IOObject*>(&line), static_cast<CFile_IOObject*>(&channel)})
-        EXPECT_EQ(record->Save(&closed), 0);
 }

@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <clocale>
 #include <cstdio>
 
 namespace
@@ -29,46 +28,6 @@ TEST(Ase, SavesTheSampleAsExpected)
     CFileFormat_Ase document;
     LoadInto(document, ReadSample("scene.ase"));
     EXPECT_EQ(SaveText(document), ReadSample("expected/scene.txt"));
-}
-
-TEST(Ase, IsTheSameFromAnyEncodingAndLineEnd)
-{
-    const std::string old = ReadSample("scene.ase"); // Windows-1252, CR LF
-    std::string utf8;
-    std::string utf16 = "\xFF\xFE";
-    std::string carriagereturns;
-    for (const char letter : old)
-    {
-        const auto code = static_cast<unsigned char>(letter);
-        if (code >= 0x80)
-            utf8 += {static_cast<char>(0xC0 | code >> 6), static_cast<char>(0x80 | (code & 0x3F))};
-        else if (code != '\r')
-            utf8 += letter;
-        utf16 += {letter, '\0'}; // the sample's letters are Latin-1 ones
-        if (code != '\n')
-            carriagereturns += letter;
-    }
-    for (const std::string& text : {utf8, "\xEF\xBB\xBF" + utf8, utf16, carriagereturns})
-    {
-        CFileFormat_Ase document;
-        LoadInto(document, text);
-        EXPECT_EQ(SaveText(document), ReadSample("expected/scene.txt"));
-    }
-}
-
-TEST(Ase, IsTheSameInALocaleWithADecimalComma)
-{
-    const std::string former = std::setlocale(LC_ALL, nullptr);
-    if (std::setlocale(LC_ALL, "de_DE.UTF-8") == nullptr && std::setlocale(LC_ALL, "German_Germany.1252") == nullptr)
-        GTEST_SKIP() << "no such locale is installed; ./test provides one";
-    CFileFormat_Ase document;
-    LoadInto(document, ReadSample("scene.ase"));
-    const std::string saved = SaveText(document);
-    char probe[8];
-    std::snprintf(probe, sizeof(probe), "%.1f", 0.5);
-    std::setlocale(LC_ALL, former.c_str());
-    EXPECT_STREQ(probe, "0,5") << "or this test shows nothing";
-    EXPECT_EQ(saved, ReadSample("expected/scene.txt"));
 }
 
 TEST(Ase, EmptySavesItsSceneOnly)

@@ -6,7 +6,6 @@
 
 #include <bit>
 #include <cstring>
-#include <random>
 
 namespace
 {
@@ -61,27 +60,6 @@ TEST(ChannelList, KeywordIsAPrefix)
     CChannels3 list;
     LoadText(list, "{\naddnode:7 1 2 3 4\naddnodes: 9 9 9 9\n}\n");
     EXPECT_EQ(SaveText(list), "{\n\taddnode: 1.000000 2.000000 3.000000 4.000000\n}\n");
-}
-
-TEST(ChannelList, RandomListsComeBack)
-{
-    std::mt19937 random(11);
-    for (const unsigned long count : {1UL, 127UL, 128UL, 1000UL})
-    {
-        CChannels4 list;
-        for (unsigned long i = 0; i < count; ++i)
-        {
-            CChannels4::SData* const node = list.channelNodes.Add();
-            node->key = static_cast<float>(i);
-            for (float& value : node->value) // what six decimals hold exactly
-                value = static_cast<float>(static_cast<int>(random() % 2'000'000) - 1'000'000) / 64.0F;
-        }
-        CChannels4 loaded;
-        LoadText(loaded, SaveText(list));
-        const CChannels4 copy(loaded);
-        ASSERT_EQ(copy.channelNodes.GetNumItems(), count);
-        EXPECT_EQ(std::memcmp(copy.channelNodes.Items, list.channelNodes.Items, count * sizeof(CChannels4::SData)), 0);
-    }
 }
 
 TEST(RawNodes, ReplaceThoseBeforeAndGoOnBehind)

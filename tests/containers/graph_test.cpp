@@ -1,11 +1,8 @@
 #include "containers/graph.h"
 
-#include "random_texts.h"
 #include "tests/support/documents.h"
 
 #include <gtest/gtest.h>
-
-#include <algorithm>
 
 namespace
 {
@@ -95,42 +92,6 @@ TEST(Graph, PassesOverExtraDataThatNobodyReads)
     EXPECT_EQ(graph.nodes[0]->links[0]->first, 3U);
 }
 
-TEST(Graph, RandomGraphsComeBack)
-{
-    CRegistryWatch watch;
-    for (unsigned seed = 0; seed < 100; ++seed)
-    {
-        SCOPED_TRACE(seed);
-        CRandomTexts random(seed);
-        CGraph graph;
-        for (unsigned count = random.Number(200); count != 0; --count)
-        {
-            CNode* const node = graph.nodes.Add();
-            node->name = random.Text().c_str();
-            node->value = random.Text().c_str();
-            node->kind = random.Number(1000);
-            for (unsigned links = random.Number(20); links != 0; --links)
-                node->AddLink(random.Number(0xFFFFFFFF), random.Number(3), 0);
-        }
-        CGraph loaded;
-        LoadText(loaded, SaveText(graph));
-        const CGraph copy(loaded);
-        ASSERT_EQ(copy.nodes.GetNumItems(), graph.nodes.GetNumItems());
-        for (unsigned long i = 0; i < graph.nodes.GetNumItems(); ++i)
-        {
-            const CNode& node = *graph.nodes[i];
-            const CNode& other = *copy.nodes[i];
-            EXPECT_EQ(other.name, node.name);
-            EXPECT_EQ(other.value, node.value);
-            EXPECT_EQ(other.kind, node.kind);
-            EXPECT_TRUE(std::equal(node.links.begin(), node.links.end(), other.links.begin(), other.links.end(),
-                                   [](const SNodeLink& a, const SNodeLink& b)
-                                   { return a.first == b.first && a.second == b.second; }));
-        }
-    }
-    EXPECT_TRUE(watch.IsBalanced());
-}
-
 TEST(GraphNode, HasRoomForTenLinksAtFirst)
 {
     CNode node;
@@ -185,28 +146,4 @@ TEST(GraphNode, LinkWithoutMemoryLeavesTheNode)
     FailAllocations(0, 0);
     EXPECT_EQ(node.GetNumItems(), 9U);
     EXPECT_EQ(node.links[8]->second, 8U);
-}
-
-TEST(Graph, LoadSurvivesLackOfMemoryAnywhere)
-{
-    const std::string text =
-        "{\n" + NodeText("addlink: 1 2\naddnodedata:\n{\nname: \"one\"\n}\n") + NodeText("addlink: 3 4\n") + "}\n";
-    bool isreached = true;
-    std::uint64_t n = 0;
-    for (; isreached; ++n)
-    {
-        SCOPED_TRACE(n);
-        CRegistryWatch watch;
-        {
-            CGraph graph;
-            FailAllocations(n, 1);
-            EXPECT_EQ(LoadText(graph, text), 1);
-            isreached = GetNumAllocationAttempts() > n;
-            FailAllocations(0, 0);
-            for (CNode* const node : graph.nodes)
-                EXPECT_LE(node->GetNumItems(), 1U); // never another node's
-        }
-        EXPECT_TRUE(watch.IsBalanced());
-    }
-    EXPECT_GT(n, 5U);
 }

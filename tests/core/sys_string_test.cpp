@@ -4,8 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <random>
-
 TEST(String, KeepsTextAsItIs)
 {
     CSys_String text;
@@ -39,29 +37,20 @@ TEST(String, IsEmptyWithoutMemory)
 
 TEST(String, SavesAndLoadsAnyText)
 {
-    std::vector<std::wstring> texts = {L"",
-                                       L"plain",
-                                       L"  blanks at both ends\t",
-                                       L"\"quotes\" and \\ backslashes \\n",
-                                       L"{",
-                                       L"}",
-                                       L"two\r\nlines\n\n",
-                                       L"// no comment",
-                                       L"# neither",
-                                       L"100% %s",
-                                       L"K\u00E4se \u20AC \U0001D11E",
-                                       std::wstring(L"\x01\x1F\x7F") + wchar_t{0xD800} + L"x",
-                                       std::wstring(10'000, L'\\'),
-                                       std::wstring(10'000, L' ')};
-    std::mt19937 random(3);
-    for (int i = 0; i < 200; ++i)
-    {
-        static constexpr std::wstring_view letters = L" \t\"\\{}\n\r;u%#/a\u00E9\u20AC\x02";
-        std::wstring text;
-        for (const std::size_t length = random() % 600; text.size() < length;)
-            text += letters[random() % letters.size()];
-        texts.push_back(text);
-    }
+    const std::vector<std::wstring> texts = {L"",
+                                             L"plain",
+                                             L"  blanks at both ends\t",
+                                             L"\"quotes\" and \\ backslashes \\n",
+                                             L"{",
+                                             L"}",
+                                             L"two\r\nlines\n\n",
+                                             L"// no comment",
+                                             L"# neither",
+                                             L"100% %s",
+                                             L"K\u00E4se \u20AC \U0001D11E",
+                                             std::wstring(L"\x01\x1F\x7F") + wchar_t{0xD800} + L"x",
+                                             std::wstring(10'000, L'\\'),
+                                             std::wstring(10'000, L' ')};
     for (const std::wstring& text : texts)
     {
         CSys_String saved(text.c_str());

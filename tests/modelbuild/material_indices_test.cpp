@@ -30,21 +30,6 @@ TEST(MaterialIndices, BecomeRanksAmongAllFacesOfTheModel)
     EXPECT_EQ(GetIndices(model), (CIndices{1, 0, 2, 1}));
 }
 
-TEST(MaterialIndices, AreComparedUnsigned)
-{
-    CGraphics_Model model;
-    AddFaces(model, {0xFFFFFFFF, 0, 4000000000U});
-    EXPECT_EQ(Renumber(model), 3U);
-    EXPECT_EQ(GetIndices(model), (CIndices{2, 0, 1}));
-}
-
-TEST(MaterialIndices, WithoutFacesThereIsOneMaterial)
-{
-    CGraphics_Model model;
-    AddFaces(model, {});
-    EXPECT_EQ(Renumber(model), 1U);
-}
-
 TEST(MaterialIndices, AgreeWithTheSlowSteps)
 {
     std::mt19937 random(7);

@@ -6,7 +6,6 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <set>
 #include <string>
 
 using testing::ElementsAre;
@@ -332,62 +331,4 @@ TEST_F(ModelFromAse, SampleSceneBecomesAModel)
     CGraphics_Model loaded;
     LoadText(loaded, SaveText(model));
     EXPECT_EQ(SaveText(loaded), SaveText(model));
-}
-
-namespace
-{
-/// Every face's material index is that of a material, and each material has a face.
-void ExpectDense(const CGraphics_Model& model)
-{
-    std::set<std::uint32_t> indices;
-    for (const CGraphics_Model::CGeometry* geometry : model.Geometries)
-        for (const SGraphics_Face& face : geometry->Mesh.Faces)
-            indices.insert(face.Material);
-    for (const std::uint32_t index : indices)
-        EXPECT_LT(index, indices.size());
-}
-} // namespace
-
-TEST_F(ModelFromAse, AllocationMayFailAtAnyStep)
-{
-    for (int i = 0; i < 2; ++i)
-    {
-        CFileFormat_Ase::CASEMesh& mesh = AddObject().mesh;
-        FillMesh(mesh, {{0, 0, 0}, {0, 0, 0}, {0, 0, 0}});
-        AppendFace(mesh.faces, 2, 1, 0, -1);
-        Append(mesh.mappingchannels.Add()->tvertices, {{0, 0, 0}, {1, 1, 1}});
-        AppendFace(mesh.mappingchannels[0]->tfaces, 0, 1, 0);
-        Append(mesh.cvertices, {{0, 0, 0}});
-        AppendFace(mesh.cfaces, 0, 0, 0);
-    }
-    AddHelper(document, {L"\"PointHelper\"", {1, 2, 3}, {}});
-    AddHelper(document, {L"\"Tape\"", {1, 2, 3}, {}});
-    FailAllocations(0, 0);
-    Build();
-    const std::uint64_t attempts = GetNumAllocationAttempts();
-    EXPECT_GT(attempts, 30U);
-
-    for (const std::uint64_t failures : {std::uint64_t{1}, ~std::uint64_t{0}})
-        for (std::uint64_t step = 0; step < attempts; ++step)
-        {
-            CRegistryWatch watch;
-            const std::int64_t memorycount = GetMemoryCount();
-            std::int64_t failed = 0;
-            {
-                CGraphics_Model partial;
-                FailAllocations(step, failures);
-                EXPECT_EQ(CreateModelFromASE(partial, document, 1.0F), 1);
-                failed = static_cast<std::int64_t>(GetNumAllocationAttempts());
-                FailAllocations(0, 0);
-                ExpectDense(partial);
-                if (failures == 1)
-                {
-                    EXPECT_GE(partial.Geometries.NumItems + partial.MaterialLists.NumItems, 1U);
-                    EXPECT_GE(partial.Points.NumItems + partial.Axes.NumItems, 1U) << "at step " << step;
-                }
-            }
-            EXPECT_TRUE(watch.IsBalanced()) << "at step " << step;
-            EXPECT_GE(GetMemoryCount(), memorycount);
-            EXPECT_LE(GetMemoryCount(), memorycount + failed);
-        }
 }

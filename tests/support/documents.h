@@ -33,10 +33,15 @@ inline std::string SaveText(CFile_IOObject& record)
     return saver.GetText();
 }
 
+inline std::string ReadFile(const std::string& name)
+{
+    std::ifstream file(name, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
 inline std::string ReadSample(const char* name)
 {
-    std::ifstream file(std::string(SAMPLES_FOLDER) + "/" + name, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    return ReadFile(std::string(SAMPLES_FOLDER) + "/" + name);
 }
 
 /// The registry while it lives: what is still announced when the test is done was leaked.

@@ -40,15 +40,19 @@ void WriteFaces(CBlockWriter& block, const SLineFormat& format, const TArray<SGr
         block.Write(format, face.A, face.B, face.C, face.Material);
 }
 
-/// A face space is a line with the face's normal and one for each corner with its frame.
-void ReadFaceSpaces(CBlockReader& block, TArray<CGraphics_FaceSpace>& spaces)
+/// A face space is a line with the face's normal and one for each corner with its frame. `space` is the one that
+/// the corners belong to; null when there is none, or no memory for it.
+void ReadFaceSpaces(CBlockReader& block, TArray<CGraphics_FaceSpace>& spaces, CGraphics_FaceSpace*& space)
 {
     if (block.Strip(L"addfacespace:"))
-        if (CGraphics_FaceSpace* const space = spaces.Add())
+    {
+        space = spaces.Add();
+        if (space != nullptr)
             block.Scan(space->FaceNormal);
+    }
     for (const SFaceSpaceCorner& corner : FaceSpaceCorners)
         if (block.Strip(corner.keyword))
-            if (CGraphics_FaceSpace* const space = spaces.GetLast())
+            if (space != nullptr)
                 (void)(block.Scan(space->*corner.normal) && block.Scan(space->*corner.tangent) &&
                        block.Scan(space->*corner.binormal));
 }
@@ -92,6 +96,7 @@ Result CGraphics_MappingChannel::Save(CFile_Saver* saver)
 Result CGraphics_Mesh::Load(CFile_Parser* parser, CFile_IOCallback* callback)
 {
     *this = CGraphics_Mesh();
+    CGraphics_FaceSpace* space = nullptr;
     CBlockReader block(parser, callback);
     while (block.NextLine())
     {
@@ -99,7 +104,7 @@ Result CGraphics_Mesh::Load(CFile_Parser* parser, CFile_IOCallback* callback)
         ReadNew(block, L"addface:", Faces);
         ReadNew(block, L"addtexturevertex:", TextureVertices);
         ReadNew(block, L"addtextureface:", TextureFaces);
-        ReadFaceSpaces(block, FaceSpaces);
+        ReadFaceSpaces(block, FaceSpaces, space);
         if (block.Is(L"addmappingchannel:"))
             block.LoadNew(MappingChannels);
         if (block.Is(L"addcolourchannel:"))

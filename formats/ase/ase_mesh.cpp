@@ -132,6 +132,7 @@ void ReadNormals(CBlockReader& block, TArray<CFileFormat_AseRecords::SMeshFaceNo
 
     if (!block.Is(L"*MESH_NORMALS"))
         return;
+    bool hasplace = true; // the corners of a face without memory are not those of the face before it
     ReadList<SEntry>(
         block,
         [&](auto& line, SEntry& entry)
@@ -153,12 +154,15 @@ void ReadNormals(CBlockReader& block, TArray<CFileFormat_AseRecords::SMeshFaceNo
         {
             if (entry.isface)
             {
-                if (SNormals* const record = normals.Add())
+                SNormals* const record = normals.Add();
+                hasplace = record != nullptr;
+                if (hasplace)
                     record->normal = entry.normal;
             }
             else if (SNormals* const record = normals.GetLast())
             {
-                record->*corners[corner] = entry.normal;
+                if (hasplace)
+                    record->*corners[corner] = entry.normal;
                 corner = (corner + 1) % 3;
             }
         });

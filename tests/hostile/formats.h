@@ -187,9 +187,10 @@ template <class TDocument> std::map<std::wstring, std::uint32_t> Check(TDocument
     return checker.longest;
 }
 
-template <class TDocument> void FillAtRandom(TDocument& document, unsigned seed, unsigned mostitems = 4)
+template <class TDocument>
+void FillAtRandom(TDocument& document, unsigned seed, unsigned mostitems = 4, unsigned entries = 2)
 {
-    CFiller filler(seed, SFormat<TDocument>::Floats, std::is_same_v<TDocument, CFileFormat_Ase>, mostitems);
+    CFiller filler(seed, SFormat<TDocument>::Floats, std::is_same_v<TDocument, CFileFormat_Ase>, mostitems, entries);
     Visit(filler, document);
     SFormat<TDocument>::Settle(document);
 }

@@ -2,6 +2,7 @@
 /// released twice, and what is there is sound.
 #include "tests/hostile/formats.h"
 
+#include <algorithm>
 #include <functional>
 #include <optional>
 #include <set>
@@ -94,6 +95,25 @@ TYPED_TEST(EveryWithoutMemory, Loads)
                 Check(document);
             });
     }
+}
+
+/// Lists that an array's first block does not hold: an entry is there whole or not at all, and none is made of two.
+TYPED_TEST(EveryWithoutMemory, KeepsEntriesWhole)
+{
+    TypeParam whole;
+    FillAtRandom(whole, 3, 1, 130);
+    const std::string text = SFormat<TypeParam>::Write(whole);
+    CEntries entries;
+    Visit(entries, whole);
+    FailEach(
+        [&](CFailure& failure)
+        {
+            TypeParam part;
+            failure.During([&] { LoadText(part, text); });
+            CEntries parts;
+            Visit(parts, part);
+            EXPECT_TRUE(std::includes(entries.all.begin(), entries.all.end(), parts.all.begin(), parts.all.end()));
+        });
 }
 
 TYPED_TEST(EveryWithoutMemory, Copies)

@@ -22,6 +22,7 @@
 #include <initializer_list>
 #include <limits>
 #include <map>
+#include <set>
 #include <string>
 
 template <class T>
@@ -88,6 +89,10 @@ template <class TSelf> class CVisitor
         Self().Field(keyword, value);
     }
 
+    void Line(const wchar_t*, CSys_String&)
+    {
+    }
+
     /// A text of any content.
     void Text(const wchar_t* keyword, CSys_String& text)
     {
@@ -117,10 +122,10 @@ class CFiller : public CVisitor<CFiller>
         SixDigits, ///< Floats that six decimals hold.
     };
 
-    /// mostitems: of each list of records; 1 gives one of each. Lists of entries are now and then longer than an
-    /// array's first block.
-    explicit CFiller(unsigned seed, EStyle newstyle, bool newisquoted, unsigned newmostitems)
-        : random(seed), style(newstyle), isquoted(newisquoted), mostitems(newmostitems)
+    /// mostitems: of each list of records; 1 gives one of each, with `entries` in each of its lists. Else lists of
+    /// entries are now and then longer than an array's first block.
+    CFiller(unsigned seed, EStyle newstyle, bool newisquoted, unsigned newmostitems, unsigned newentries)
+        : random(seed), style(newstyle), isquoted(newisquoted), mostitems(newmostitems), entries(newentries)
     {
     }
 
@@ -166,7 +171,7 @@ class CFiller : public CVisitor<CFiller>
 
     template <class T> void List(const wchar_t* heading, const wchar_t* keyword, TArray<T>& list)
     {
-        unsigned count = 2;
+        unsigned count = entries;
         if (mostitems != 1)
             count = random.Number(random.Number(30) != 0 ? 5 : 300);
         for (; count != 0; --count)
@@ -198,6 +203,7 @@ class CFiller : public CVisitor<CFiller>
     EStyle style;
     bool isquoted;
     unsigned mostitems;
+    unsigned entries;
     unsigned level = 0;
 };
 
@@ -265,6 +271,27 @@ class CDescriber : public CVisitor<CDescriber>
                 text.append(digits, std::to_chars(digits, std::end(digits), number).ptr);
         }
     }
+};
+
+/// Every entry of every list, with its keyword.
+class CEntries : public CVisitor<CEntries>
+{
+  public:
+    template <class T> void List(const wchar_t*, const wchar_t* keyword, TArray<T>& list)
+    {
+        for (T& element : list)
+        {
+            CDescriber entry;
+            entry.Line(keyword, name);
+            entry.Entry(keyword, element);
+            all.insert(entry.text);
+        }
+    }
+
+    std::set<std::string> all;
+
+  private:
+    CSys_String name;
 };
 
 /// What holds of every document, whatever text it was loaded from and whatever memory was missing.

@@ -12,6 +12,8 @@ function(asset_tools_target target)
   endif()
   target_compile_options(${target} PRIVATE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion
+    # The callers' threads may have small stacks.
+    -Wframe-larger-than=16384
     $<$<BOOL:${ASSET_TOOLS_WERROR}>:-Werror>
     # GCC 12 sees overlapping copies in std::string's operator+ that are not there.
     $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>

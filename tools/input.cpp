@@ -12,7 +12,7 @@ namespace
 std::string ReadStandardInput()
 {
     std::string text;
-    char piece[65536];
+    char piece[8192];
     for (;;)
     {
         const std::size_t count = std::fread(piece, 1, sizeof(piece), stdin);

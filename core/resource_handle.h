@@ -98,6 +98,7 @@ template <class X> class TResourceHandleR
     }
 
     /// Lets go of the handle held, as Destroy does, and holds the other's.
+    // cppcheck-suppress operatorEqVarError ; Hold assigns both
     // NOLINTNEXTLINE(bugprone-unhandled-self-assignment,cert-oop54-cpp): Hold counts before it lets go
     TResourceHandleR& operator=(const TResourceHandleR& other)
     {

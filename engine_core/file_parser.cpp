@@ -186,6 +186,7 @@ void CFile_Parser::Adopt(const unsigned char* newbytes, std::size_t newsize)
     error = 0;
     encoding = EEncoding::Utf8;
     begin = 0;
+    // cppcheck-suppress nullPointer ; null bytes come with size 0
     if (size >= 3 && bytes[0] == 0xEF && bytes[1] == 0xBB && bytes[2] == 0xBF)
         begin = 3;
     else if (size >= 2 && bytes[0] == 0xFF && bytes[1] == 0xFE)

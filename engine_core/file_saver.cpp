@@ -28,6 +28,7 @@ CFile_Saver* Log = &closedlog;
 class CFile_Saver::COutput
 {
   public:
+    // cppcheck-suppress uninitMemberVar ; its buffer is written before it is read
     explicit COutput(CFile_Saver& target) : saver(target), next(saver.buffer + saver.used)
     {
     }

@@ -88,6 +88,7 @@ bool ScanSpecialFloat(const wchar_t*& text, float& value)
 class CDigits
 {
   public:
+    // cppcheck-suppress uninitMemberVar ; its buffer is written before it is read
     explicit CDigits(bool ishex) : ishexadecimal(ishex)
     {
     }

@@ -11,6 +11,7 @@
 class CWideOutput
 {
   public:
+    // cppcheck-suppress uninitMemberVar ; its buffers are written before they are read
     CWideOutput() = default;
     CWideOutput(const CWideOutput&) = delete;
     CWideOutput& operator=(const CWideOutput&) = delete;

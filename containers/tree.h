@@ -111,12 +111,7 @@ template <class T> class TTreeFolder : public CFile_IOObject
                     folder->LoadNested(parser, callback, level + 1);
                 }
             if (block.Strip(L"addkey:"))
-                if (TTreeKey<T>* const key = keys.Add())
-                {
-                    block.Scan(key->name);
-                    if constexpr (HasOwnText)
-                        block.Load(*key);
-                }
+                LoadNewKey(block);
             block.TakeBraceAsText();
         }
         return 1;
@@ -124,6 +119,17 @@ template <class T> class TTreeFolder : public CFile_IOObject
 
   private:
     static constexpr bool HasOwnText = std::is_base_of_v<CFile_IOObject, T>;
+
+    // Not inlined, since LoadNested calls itself: what this needs of the stack is needed once.
+    [[gnu::noinline]] void LoadNewKey(CBlockReader& block)
+    {
+        TTreeKey<T>* const key = keys.Add();
+        if (key == nullptr)
+            return;
+        block.Scan(key->name);
+        if constexpr (HasOwnText)
+            block.Load(*key);
+    }
 
     // The source may go with what this folder holds, so everything is taken from it first.
     void CopyFrom(const TTreeFolder& other)

@@ -291,7 +291,8 @@ class CBlockReader
 
     /// Appends a record that has `level` records of its own kind around it; null when they are too many or
     /// there is no memory, and then its block is passed over.
-    template <class TList> auto AddNested(TList& list, unsigned level) -> decltype(list.Add())
+    // Not inlined, since readers that call themselves need less of the stack then.
+    template <class TList> [[gnu::noinline]] auto AddNested(TList& list, unsigned level) -> decltype(list.Add())
     {
         if (level < MostNestedLevels)
             return list.Add();
@@ -316,8 +317,12 @@ class CBlockReader
     /// Whether the line in the buffer belongs outside this block; it is then left to be read again.
     bool LeavesLine(std::size_t offset)
     {
-        if (!parser->OpensBlock())
-            return false;
+        return parser->OpensBlock() && IsEnder(offset);
+    }
+
+    // Not inlined either, and few lines open a block.
+    [[gnu::noinline]] bool IsEnder(std::size_t offset)
+    {
         rest = buffer;
         for (const SKeyword ender : enders)
             if (Is(ender))

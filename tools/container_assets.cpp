@@ -10,6 +10,7 @@
 #include <ostream>
 #include <set>
 #include <string>
+#include <vector>
 
 using CFolder = TTreeFolder<CSys_String>;
 using CKey = TTreeKey<CSys_String>;
@@ -79,17 +80,26 @@ template <class TList> void CheckNames(const TList& list, const char* what, CSus
             suspicions.Add(Name(element->name), std::string("several ") + what + " in one folder have this name");
 }
 
-STreeCounts CountTree(const CFolder& folder, CSuspicions& suspicions)
+/// Keeps its own list of the folders still to be counted, so that deep trees take no stack.
+STreeCounts CountTree(const CFolder& top, CSuspicions& suspicions)
 {
-    STreeCounts counts{folder.folders.GetNumItems(), folder.keys.GetNumItems(), 0};
-    CheckNames(folder.folders, "folders", suspicions);
-    CheckNames(folder.keys, "keys", suspicions);
-    for (const CFolder* inner : folder.folders)
+    struct SFolder
     {
-        const STreeCounts beneath = CountTree(*inner, suspicions);
-        counts.folders += beneath.folders;
-        counts.keys += beneath.keys;
-        counts.levels = std::max(counts.levels, beneath.levels + 1);
+        const CFolder* folder;
+        unsigned long level;
+    };
+    STreeCounts counts;
+    for (std::vector<SFolder> left = {{&top, 0}}; !left.empty();)
+    {
+        const auto [folder, level] = left.back();
+        left.pop_back();
+        counts.folders += folder->folders.GetNumItems();
+        counts.keys += folder->keys.GetNumItems();
+        counts.levels = std::max(counts.levels, level);
+        CheckNames(folder->folders, "folders", suspicions);
+        CheckNames(folder->keys, "keys", suspicions);
+        for (unsigned long i = folder->folders.GetNumItems(); i-- > 0;)
+            left.push_back({folder->folders[i], level + 1});
     }
     return counts;
 }

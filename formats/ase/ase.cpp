@@ -17,23 +17,30 @@ void LoadNewRecord(const wchar_t* keyword, const wchar_t* line, TArray<TRecord>&
             record->Load(parser, callback);
 }
 
-/// A material needs no text of its own, so any count below the first bound is believed; above it only as
-/// many as the rest of the text could describe.
-unsigned long LimitMaterialCount(CFile_Parser& parser, std::int32_t count)
+/// How many materials a text is believed to promise, in all its counts together, since each count makes the
+/// list anew. A material needs no text of its own, so a few are always believed.
+std::size_t GetMostMaterials(const CFile_Parser& parser)
 {
     constexpr std::size_t alwaysbelieved = 65536;
     constexpr std::size_t shortestentry = 12; // "*MATERIAL", "}" and their line ends
-    const auto wanted = static_cast<std::size_t>(count);
-    const std::size_t most = std::max(alwaysbelieved, (parser.GetSize() - parser.GetOffset()) / shortestentry);
-    if (wanted > most)
+    return std::max(alwaysbelieved, (parser.GetSize() - parser.GetOffset()) / shortestentry);
+}
+
+/// Takes a count's materials from those that are left.
+unsigned long TakeMaterials(CFile_Parser& parser, std::int32_t count, std::size_t& left)
+{
+    const std::size_t taken = std::min(static_cast<std::size_t>(count), left);
+    if (taken < static_cast<std::size_t>(count))
         parser.Report(2, L"%d materials are more than the text can hold, %u are made", count,
-                      static_cast<unsigned>(most));
-    return static_cast<unsigned long>(std::min(wanted, most));
+                      static_cast<unsigned>(taken));
+    left -= taken;
+    return static_cast<unsigned long>(taken);
 }
 } // namespace
 
 Result CFileFormat_Ase::Load(CFile_Parser* parser, CFile_IOCallback* callback)
 {
+    materialsleft = GetMostMaterials(*parser);
     wchar_t line[CFile_Parser::BlockLineCapacity];
     while (parser->GetLine(line, CFile_Parser::BlockLineCapacity) == 1)
     {
@@ -47,11 +54,13 @@ Result CFileFormat_Ase::Load(CFile_Parser* parser, CFile_IOCallback* callback)
         LoadNewRecord(L"*CAMERAOBJECT", line, Cameras, parser, callback);
         LoadNewRecord(L"*SHAPEOBJECT", line, ShapeObjects, parser, callback);
     }
+    materialsleft.reset();
     return 1;
 }
 
 Result CFileFormat_Ase::Load_MaterialList(CFile_Parser* parser)
 {
+    std::size_t left = materialsleft.value_or(GetMostMaterials(*parser));
     CAseBlockReader block(parser);
     while (block.NextPlainLine())
     {
@@ -60,7 +69,7 @@ Result CFileFormat_Ase::Load_MaterialList(CFile_Parser* parser)
             std::int32_t count = 0;
             block.Scan(count);
             if (count > 0)
-                Materials.CreateMultiple(LimitMaterialCount(*parser, count));
+                Materials.CreateMultiple(TakeMaterials(*parser, count, left));
         }
         if (block.Strip(L"*MATERIAL"))
         {
@@ -70,6 +79,8 @@ Result CFileFormat_Ase::Load_MaterialList(CFile_Parser* parser)
                 block.Load(*Materials[static_cast<std::uint32_t>(number)]);
         }
     }
+    if (materialsleft)
+        materialsleft = left;
     return 1;
 }
 

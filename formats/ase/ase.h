@@ -9,6 +9,8 @@
 #include "formats/ase/ase_records.h"
 #include "formats/ase/ase_scene_node.h"
 
+#include <optional>
+
 /// One ASE scene with all its records.
 ///
 /// Owns: every record. Copying copies them all, moving hands them over.
@@ -43,8 +45,9 @@ class ASSET_TOOLS_API CFileFormat_Ase : public CFile_IOObject, public CFileForma
     virtual Result Destroy();
 
     /// Reads the lines of a "*MATERIAL_LIST" block. A count of 0, or none, leaves the materials as they are;
-    /// another one replaces them. It is cut where it is beyond all reason and beyond what the text could
-    /// hold. An entry numbered past the materials is not read, and its closing line ends the list. Returns 1.
+    /// another one replaces them. Where the counts of a text are together beyond all reason and beyond what
+    /// it could hold, they are cut. An entry numbered past the materials is not read, and its closing line ends the
+    /// list. Returns 1.
     virtual Result Load_MaterialList(CFile_Parser* parser);
 
     /// Calls `visit` with every name and class text: materials, geometry objects, lights, helpers, cameras,
@@ -57,4 +60,7 @@ class ASSET_TOOLS_API CFileFormat_Ase : public CFile_IOObject, public CFileForma
 
     /// Its position in GeomObjects; NoObject when there is none.
     virtual unsigned long GetNamedGeomObjectIndex(const wchar_t* name);
+
+  private:
+    std::optional<std::size_t> materialsleft; ///< While Load runs: how many the text's counts may still make.
 };

@@ -62,6 +62,8 @@ TEST(AseHostile, LyingCountsCostNothing)
     EXPECT_EQ(document.Materials.GetNumItems(), 65536U);
     EXPECT_EQ(log.GetText(), "text(2): 2147483647 materials are more than the text can hold, 65536 are made\n");
     EXPECT_LE(sizeof(CFileFormat_Ase::CASEMaterial), 1000U) << "65,536 of them must stay below 64 MB";
+    LoadText(document, Repeat("*MATERIAL_LIST {\n*MATERIAL_COUNT 2\n*MATERIAL_COUNT 40000\n}\n", 2));
+    EXPECT_EQ(document.Materials.GetNumItems(), 25532U) << "each count makes the list anew, so their sum is held down";
     LoadText(document, "*GEOMOBJECT {\n*MESH {\n*MESH_NUMVERTEX 4294967295\n*MESH_NUMFACES 4294967295\n}\n}\n");
     EXPECT_EQ(document.GeomObjects[0]->mesh.vertices.Capacity, 0U);
 }

@@ -8,6 +8,7 @@
 #include "core/core_base.h"
 #include "core/memory_manager.h"
 
+#include <algorithm>
 #include <cstring>
 #include <limits>
 #include <memory>
@@ -59,6 +60,25 @@ class CArrayStorage
         DecreaseMemoryCount();
     }
 
+    /// How much of a new block of `size` bytes is obtained at first, so that many short lists do not take much
+    /// more than they hold. A registry is told what is there: with one, all of it.
+    static std::size_t GetFirstSize(std::size_t size, std::size_t enough)
+    {
+        return MM == nullptr && enough < size ? enough : size;
+    }
+
+    /// Obtains the rest of such a block. Null, the old block untouched, when there is no memory.
+    static void* Complete(void* block, std::size_t oldsize, std::size_t size, unsigned long line)
+    {
+        void* whole = ResizeBlock(block, oldsize, size);
+        if (whole != nullptr && whole != block && MM != nullptr)
+        {
+            MM->RemoveAllocation(block);
+            MM->AddAllocation(whole, L"core_templates", size, line, 1, L"");
+        }
+        return whole;
+    }
+
     /// The address may stay the same, so the old block leaves the registry before the new one enters
     /// it, and returns there when the new one cannot be had.
     static void* Grow(void* block, std::size_t oldsize, std::size_t newsize, unsigned long line)
@@ -82,8 +102,8 @@ class CArrayStorage
 ///
 /// Grows by Step slots, and one slot is always held back: after any Add, NumItems < Capacity. Growing
 /// costs time linear in the number of elements, however small the step, since the block resizes in
-/// place mostly (ResizeBlock). Every slot of the block is constructed; a slot past NumItems keeps what
-/// it last held. Growth moves the elements: addresses from Add, operator[] and GetLast hold until then.
+/// place mostly (ResizeBlock). Every slot of Room is constructed; a slot past NumItems keeps what it last
+/// held. Growth moves the elements: addresses from Add, operator[] and GetLast hold until then.
 /// Copying copies every element (nothing, when there is no memory); moving hands the block over.
 /// T: default-constructible, CanMoveBytes, no stricter alignment than std::max_align_t.
 template <class T> class TArray
@@ -91,8 +111,9 @@ template <class T> class TArray
   public:
     T* Items = nullptr;         ///< The block; null when there is none.
     std::uint32_t NumItems = 0; ///< Elements in use, at 0 to NumItems - 1.
-    std::uint32_t Capacity = 0; ///< Slots in the block.
+    std::uint32_t Capacity = 0; ///< Slots in the block once Room is all of it.
     std::uint32_t Step = 128;   ///< Slots added at each growth.
+    std::uint32_t Room = 0;     ///< Slots obtained so far: Capacity, or of a short list the first few.
 
     TArray();
 
@@ -130,7 +151,7 @@ template <class T> class TArray
     /// block cannot grow.
     T* Add()
     {
-        if (NumItems + 1 >= Capacity && !Grow())
+        if (NumItems + 1 >= Room && !Grow())
             return nullptr;
         return &Items[NumItems++];
     }
@@ -139,7 +160,7 @@ template <class T> class TArray
     /// array left empty, when there is no memory for them.
     Result CreateMultiple(unsigned long count)
     {
-        return Create(count, count);
+        return Create(count, count, count);
     }
 
     /// Destroys every element and releases the block; Step stays. Returns 1.
@@ -148,12 +169,13 @@ template <class T> class TArray
         if (Items != nullptr)
         {
             CArrayStorage::Unregister(Items);
-            std::destroy_n(Items, Capacity);
+            std::destroy_n(Items, Room);
             CArrayStorage::Release(Items);
         }
         Items = nullptr;
         NumItems = 0;
         Capacity = 0;
+        Room = 0;
         return 1;
     }
 
@@ -225,33 +247,46 @@ template <class T> class TArray
     }
 
   private:
+    /// Makes at least one more slot usable.
     bool Grow()
     {
         static_assert(CanMoveBytes<T>, "A growing array moves the bytes of its elements: see CanMoveBytes.");
         static_assert(alignof(T) <= alignof(std::max_align_t), "Blocks are aligned for ordinary types only.");
+        if (Room < Capacity)
+            return SetRoom(
+                CArrayStorage::Complete(Items, Room * sizeof(T), Capacity * sizeof(T), CArrayStorage::GrownBlockLine),
+                Capacity);
         if (Capacity > std::numeric_limits<std::uint32_t>::max() - Step)
             return false;
         const std::uint32_t grown = Capacity + Step;
-        void* block =
-            CArrayStorage::Grow(Items, Capacity * sizeof(T), grown * sizeof(T), CArrayStorage::GrownBlockLine);
-        if (block == nullptr)
+        constexpr std::size_t firstroom = 2048 / sizeof(T) + 2; // all of a step of small elements
+        const std::size_t size =
+            Capacity == 0 ? CArrayStorage::GetFirstSize(grown * sizeof(T), firstroom * sizeof(T)) : grown * sizeof(T);
+        if (!SetRoom(CArrayStorage::Grow(Items, Capacity * sizeof(T), size, CArrayStorage::GrownBlockLine),
+                     static_cast<std::uint32_t>(size / sizeof(T))))
             return false;
-        Items = static_cast<T*>(block);
-        std::uninitialized_value_construct_n(Items + Capacity, Step);
         Capacity = grown;
         return true;
     }
 
-    Result Create(std::size_t slots, std::size_t count)
+    bool SetRoom(void* block, std::uint32_t slots)
+    {
+        if (block == nullptr)
+            return false;
+        Items = static_cast<T*>(block);
+        std::uninitialized_value_construct_n(Items + Room, slots - Room);
+        Room = slots;
+        return true;
+    }
+
+    Result Create(std::size_t slots, std::size_t real, std::size_t count)
     {
         DeleteAll();
         if (slots > std::numeric_limits<std::uint32_t>::max())
             return 0;
-        Items = static_cast<T*>(ObtainBlock(slots * sizeof(T)));
-        if (Items != nullptr)
-            std::uninitialized_value_construct_n(Items, slots);
-        CArrayStorage::Register(Items, slots * sizeof(T), CArrayStorage::CreatedBlockLine, 1);
-        if (Items == nullptr)
+        void* const block = ObtainBlock(real * sizeof(T));
+        CArrayStorage::Register(block, slots * sizeof(T), CArrayStorage::CreatedBlockLine, 1);
+        if (!SetRoom(block, static_cast<std::uint32_t>(real)))
             return 0;
         Capacity = static_cast<std::uint32_t>(slots);
         NumItems = static_cast<std::uint32_t>(count);
@@ -260,7 +295,7 @@ template <class T> class TArray
 
     void CopyItems(const TArray& other)
     {
-        if (other.Items != nullptr && Create(other.Capacity, other.NumItems) == 1)
+        if (other.Items != nullptr && Create(other.Capacity, other.Room, other.NumItems) == 1)
             for (std::size_t i = 0; i < NumItems; ++i)
                 Items[i] = other.Items[i];
     }
@@ -271,6 +306,7 @@ template <class T> class TArray
         std::swap(NumItems, other.NumItems);
         std::swap(Capacity, other.Capacity);
         std::swap(Step, other.Step);
+        std::swap(Room, other.Room);
     }
 };
 
@@ -326,7 +362,7 @@ template <class T, unsigned Block = 128> class TPArray
     /// is no memory for the pointer block or the element.
     T* Add()
     {
-        if (NumItems + 1 >= Capacity && !Grow())
+        if ((NumItems + 1 >= Capacity || (NumItems + 1 == FirstRoom && Capacity == Block)) && !Grow())
             return nullptr;
         void* memory = ObtainBlock(sizeof(T));
         T* element = memory == nullptr ? nullptr : new (memory) T();
@@ -393,19 +429,32 @@ template <class T, unsigned Block = 128> class TPArray
     }
 
   private:
+    static constexpr std::uint32_t FirstRoom = std::min(Block, 16U); ///< Slots obtained at first.
+
     // The new block is counted from NumItems, not from Capacity: since growth comes while one slot is
     // still free, that is one slot less than Capacity says, and just the one that Add holds back.
     bool Grow()
     {
+        if (NumItems + 1 < Capacity)
+            return SetBlock(CArrayStorage::Complete(Items, FirstRoom * sizeof(T*), Block * sizeof(T*),
+                                                    CArrayStorage::PointerBlockLine));
         if (Capacity > std::numeric_limits<std::uint32_t>::max() - Block)
             return false;
         const std::size_t oldsize = (Capacity > Block ? Capacity - 1 : Capacity) * sizeof(T*);
-        const std::size_t newsize = (std::size_t{NumItems} + Block) * sizeof(T*);
-        void* block = CArrayStorage::Grow(Items, oldsize, newsize, CArrayStorage::PointerBlockLine);
+        const std::size_t wanted = (std::size_t{NumItems} + Block) * sizeof(T*);
+        const std::size_t newsize =
+            Capacity == 0 ? CArrayStorage::GetFirstSize(wanted, FirstRoom * sizeof(T*)) : wanted;
+        if (!SetBlock(CArrayStorage::Grow(Items, oldsize, newsize, CArrayStorage::PointerBlockLine)))
+            return false;
+        Capacity += Block;
+        return true;
+    }
+
+    bool SetBlock(void* block)
+    {
         if (block == nullptr)
             return false;
         Items = static_cast<T**>(block);
-        Capacity += Block;
         return true;
     }
 

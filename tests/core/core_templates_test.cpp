@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <memory>
 
 namespace
@@ -35,6 +36,13 @@ class CCounted
     }
 
     int* value;
+};
+
+struct SLarge
+{
+    using BytesCanMove = SLarge;
+    CCounted counted;
+    std::byte rest[100] = {};
 };
 
 /// Writes down every call of the arrays, in order.
@@ -234,6 +242,39 @@ TEST_F(CArrays, StayWholeWithoutMemory)
     EXPECT_EQ(pointers.Add(), nullptr);
     EXPECT_EQ(pointers.GetNumItems(), 0U);
     EXPECT_NE(pointers.Add(), nullptr);
+}
+
+TEST(Arrays, TakeLittleForShortLists)
+{
+    {
+        TArray<SLarge> array;
+        *array.Add()->counted.value = 0;
+        EXPECT_EQ(array.Capacity, 128U);
+        EXPECT_LT(CCounted::alive, 30);
+        const TArray<SLarge> copy(array);
+        EXPECT_EQ(CCounted::alive, static_cast<int>(2 * array.Room));
+        while (array.NumItems + 1 < array.Room)
+            *array.Add()->counted.value = static_cast<int>(array.NumItems); // read before it grows
+        FailAllocations(0, 1);
+        EXPECT_EQ(array.Add(), nullptr);
+        CSys_MemoryManager registry;
+        registry.AddAllocation(array.Items, L"", 1, 1, 1, L"");
+        MM = &registry; // from now on it is told where the block went
+        while (array.NumItems < 300)
+            *array.Add()->counted.value = static_cast<int>(array.NumItems); // read before it grows
+        EXPECT_EQ(array.Room, 384U);
+        EXPECT_EQ(*array[0]->counted.value + *array[299]->counted.value, 299);
+        array.DeleteAll();
+        EXPECT_EQ(registry.GetNumMistakes() + registry.GetNumAllocations(), 0U);
+        MM = nullptr;
+    }
+    EXPECT_EQ(CCounted::alive, 0);
+
+    TPArray<int> pointers;
+    for (int i = 0; i < 300; ++i)
+        *pointers.Add() = i;
+    EXPECT_EQ(*pointers[14] + *pointers[299], 313);
+    EXPECT_EQ(pointers.Capacity, 384U);
 }
 
 TEST(TUserData, HasOneSlot)

@@ -5,6 +5,8 @@
 #include "core/sys_string.h"
 #include "core/word_helpers.h"
 
+#include <string_view>
+
 /// Delivers a text line by line as wide characters, whatever its encoding and line ends.
 ///
 /// Encodings: UTF-8 with or without a byte order mark, UTF-16 of either byte order with one. A byte
@@ -18,6 +20,8 @@
 ///         that is "}" alone closes one. No other brace counts.
 /// Position: an offset in bytes. After a line it stands at the line's end, before the characters
 ///         that end it; the next call skips them.
+/// Memory: a large file is read piece by piece while its lines are taken, and stays open until then. Only the
+///         piece around the position is in memory, and the whole of a line.
 /// Owns:   its bytes, unless Open was told to use the caller's. Not for copying.
 class ENGINE_CORE_API CFile_Parser
 {
@@ -29,11 +33,16 @@ class ENGINE_CORE_API CFile_Parser
 
     using BytesCanMove = CFile_Parser;
 
-    /// Reads a whole file. The narrow name is the bytes that the operating system takes (UTF-8 on
-    /// Windows). Whatever the parser held before is gone. Returns 0, the parser left empty, when the
-    /// file cannot be opened or read or does not fit in memory: GetError says why.
-    Result OpenFile(const char* name);
-    Result OpenFile(const wchar_t* name);
+    /// Bytes of a file that are read at a time. Shorter files, those in UTF-16 and what is no plain file, such as
+    /// a pipe, are read as a whole when they are opened.
+    static constexpr std::size_t PieceSize = std::size_t{256} * 1024;
+
+    /// Opens a file. The narrow name is the bytes that the operating system takes (UTF-8 on Windows).
+    /// Whatever the parser held before is gone. Returns 0, the parser left empty, when the file cannot be
+    /// opened or read or does not fit in memory: GetError says why.
+    /// piecesize: at least 1.
+    Result OpenFile(const char* name, std::size_t piecesize = PieceSize);
+    Result OpenFile(const wchar_t* name, std::size_t piecesize = PieceSize);
 
     /// Takes a text from memory, which is not copied and must outlive the parser's use of it.
     /// Null with size 0 is an empty text. Returns 1.
@@ -53,7 +62,8 @@ class ENGINE_CORE_API CFile_Parser
     Result SetFilename(const wchar_t* name);
     const wchar_t* GetFilename() const;
 
-    /// The errno value of the last OpenFile or Add that failed, else 0.
+    /// The errno value of the last OpenFile or Add that failed, or of a later read of the file: the text then
+    /// ends where reading failed. Else 0.
     int GetError() const;
 
     /// Puts the next line into `line`, at most `capacity` characters with the closing NUL.
@@ -99,18 +109,14 @@ class ENGINE_CORE_API CFile_Parser
         return size;
     }
 
-    /// The bytes of the text, for whoever reads long lists in place (core/plain_lines.h).
-    const char* GetText() const
+    /// The text from the position to the last line end that is in memory, for whoever reads long lists in place
+    /// (core/plain_lines.h); empty when the text is not in UTF-8. At least LongestKeyword bytes that may be
+    /// looked at follow, the line end first. Valid until the next line is taken.
+    std::string_view GetPlainText() const
     {
-        return reinterpret_cast<const char*>(bytes);
-    }
-
-    /// The last place where a line ends and at least LongestKeyword bytes follow, when the text is UTF-8 and
-    /// its last lines are of ordinary length; otherwise 0. A search for a line end that starts before it needs
-    /// no other end.
-    std::size_t GetPlainEnd() const
-    {
-        return plainend;
+        if (offset < heldbegin || offset >= plainend)
+            return {};
+        return {reinterpret_cast<const char*>(bytes) + (offset - heldbegin), plainend - offset};
     }
 
     /// Number of the line in which the position stands, from 1. Counted when asked for.
@@ -130,24 +136,40 @@ class ENGINE_CORE_API CFile_Parser
 
     class CLineBuffer;
 
-    template <class TName> Result ReadFile(const TName* name);
-    void Adopt(const unsigned char* newbytes, std::size_t newsize);
+    template <class TName> Result ReadFile(const TName* name, std::size_t newpiecesize);
+    bool ReadWhole(std::size_t seemingsize);
+    bool ReadFirstPiece(std::size_t seemingsize);
+    std::size_t ReadAt(std::size_t position, void* to, std::size_t count) const;
+    bool HoldMore();
+    void HoldLine();
+    bool MakeRoom(std::size_t wanted);
+    void Fail(int why);
+    void Adopt(const unsigned char* newbytes, std::size_t newsize, std::size_t newheldsize);
+    void FindPlainEnd(std::size_t searchbegin);
     bool ReadLine(CLineBuffer& line);
     bool FindLine();
     void DecodeUtf8Line(CLineBuffer& line);
     void DecodeUtf16Line(CLineBuffer& line);
-    std::size_t FindPlainEnd() const;
     std::size_t GetUnitSize() const;
+    unsigned JoinUnit(const unsigned char* unit) const;
     unsigned GetUnit(std::size_t position) const;
-    bool EndsLine(std::size_t position) const;
+    std::size_t CountLineEnds(std::size_t from, std::size_t to) const;
     bool IsInQuotes(std::size_t first, std::size_t position) const;
 
+    // The part of the text that is in memory: bytes[0] is the byte at heldbegin. All of it, but for a large file.
     const unsigned char* bytes = nullptr;
-    unsigned char* ownbytes = nullptr;
+    std::size_t heldbegin = 0;
+    std::size_t heldend = 0;
+    std::size_t plainend = 0; ///< The last line end in memory that GetPlainText may reach; 0 when there is none.
+
+    unsigned char* ownbytes = nullptr; ///< The block that `bytes` is, if this parser owns it.
+    std::size_t blocksize = 0;         ///< Of the block, but for the slack behind it.
+    void* file = nullptr;              ///< While more of it may have to be read.
+    std::size_t piecesize = PieceSize;
+
     std::size_t size = 0;
     std::size_t begin = 0; ///< Where the text starts, behind a byte order mark.
     std::size_t offset = 0;
-    std::size_t plainend = 0;
     long blockdepth = 0;
     bool opensblock = false;
     EEncoding encoding = EEncoding::Utf8;

@@ -15,10 +15,11 @@
 class CPlainLines
 {
   public:
-    explicit CPlainLines(const CBlockReader& block)
-        : parser(block.GetParser()), text(parser->GetText()), at(text + parser->GetOffset()), read(at),
-          end(block.GoesOn() ? text + parser->GetPlainEnd() : at)
+    explicit CPlainLines(const CBlockReader& block) : parser(block.GetParser())
     {
+        const std::string_view text = block.GoesOn() ? parser->GetPlainText() : std::string_view();
+        begin = read = at = text.data();
+        end = begin + text.size();
     }
     CPlainLines(const CPlainLines&) = delete;
     CPlainLines& operator=(const CPlainLines&) = delete;
@@ -26,7 +27,7 @@ class CPlainLines
     /// Has the parser go on behind the lines that were read.
     ~CPlainLines()
     {
-        parser->SetOffset(static_cast<std::size_t>(read - text));
+        parser->SetOffset(parser->GetOffset() + static_cast<std::size_t>(read - begin));
     }
 
     /// Moves to the next line; false when the rest of the text is for the block reader.
@@ -147,10 +148,10 @@ class CPlainLines
     }
 
     CFile_Parser* parser;
-    const char* text;  ///< The parser's whole text.
-    const char* at;    ///< In the line.
-    const char* first; ///< Where the line begins.
-    const char* read;  ///< Behind the last line that was read.
-    const char* end;   ///< A line end that no line read here lies behind.
+    const char* begin;           ///< Where the parser stands.
+    const char* read;            ///< Behind the last line that was read.
+    const char* end;             ///< A line end that no line read here lies behind.
+    const char* first = nullptr; ///< Where the line begins.
+    const char* at;              ///< In the line.
     bool isplain = false;
 };

@@ -56,6 +56,11 @@ unsigned long long GetRemainingSize(std::FILE* file)
     return end > now ? static_cast<unsigned long long>(end - now) : 0;
 }
 
+std::size_t ReadFileAt(std::FILE* file, std::size_t position, void* to, std::size_t count)
+{
+    return _fseeki64(file, static_cast<long long>(position), SEEK_SET) == 0 ? std::fread(to, 1, count, file) : 0;
+}
+
 #else
 
 std::FILE* OpenFileByName(const char* name, const char* mode)
@@ -89,6 +94,11 @@ unsigned long long GetRemainingSize(std::FILE* file)
     if (fstat(fileno(file), &status) != 0 || !S_ISREG(status.st_mode))
         return 0;
     return static_cast<unsigned long long>(status.st_size);
+}
+
+std::size_t ReadFileAt(std::FILE* file, std::size_t position, void* to, std::size_t count)
+{
+    return fseeko(file, static_cast<off_t>(position), SEEK_SET) == 0 ? std::fread(to, 1, count, file) : 0;
 }
 
 #endif

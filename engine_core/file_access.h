@@ -10,3 +10,6 @@ std::FILE* OpenFileByName(const wchar_t* name, const char* mode);
 
 /// Bytes from the file's position to its end, as far as the system knows; 0 where it does not.
 unsigned long long GetRemainingSize(std::FILE* file);
+
+/// Reads up to `count` bytes from a place in the file; returns how many there were.
+std::size_t ReadFileAt(std::FILE* file, std::size_t position, void* to, std::size_t count);

@@ -82,70 +82,165 @@ class CFile_Parser::CLineBuffer
 
 CFile_Parser::~CFile_Parser()
 {
-    ReleaseBlock(ownbytes);
+    DestroyData();
 }
 
-template <class TName> Result CFile_Parser::ReadFile(const TName* name)
+template <class TName> Result CFile_Parser::ReadFile(const TName* name, std::size_t newpiecesize)
 {
     DestroyData();
-    std::FILE* const file = OpenFileByName(name, "rb");
-    if (file == nullptr)
+    std::FILE* const opened = OpenFileByName(name, "rb");
+    if (opened == nullptr)
     {
         error = errno;
         return 0;
     }
-    std::setvbuf(file, nullptr, _IONBF, 0);
-
-    // One byte more than the file seems to have, so that its end shows without another growth; what
-    // has no size beforehand, such as a pipe, grows.
-    std::size_t capacity = 0;
-    std::size_t used = 0;
-    std::size_t wanted = static_cast<std::size_t>(GetRemainingSize(file)) + 1;
-    for (;;)
+    std::setvbuf(opened, nullptr, _IONBF, 0);
+    file = opened;
+    piecesize = newpiecesize;
+    const auto seemingsize = static_cast<std::size_t>(GetRemainingSize(opened));
+    const bool isread = (seemingsize > piecesize && ReadFirstPiece(seemingsize)) || ReadWhole(seemingsize);
+    if (!isread)
     {
-        if (used == capacity)
-        {
-            const std::size_t newcapacity = capacity == 0 ? std::max<std::size_t>(wanted, 4096) : capacity * 2;
-            auto* const grown = static_cast<unsigned char*>(ResizeBlock(ownbytes, capacity, newcapacity));
-            if (grown == nullptr)
-            {
-                error = ENOMEM;
-                break;
-            }
-            ownbytes = grown;
-            capacity = newcapacity;
-        }
-        errno = 0;
-        const std::size_t got = std::fread(ownbytes + used, 1, capacity - used, file);
-        used += got;
-        if (got == 0)
-        {
-            if (std::ferror(file) != 0)
-                error = errno != 0 ? errno : EIO;
-            break;
-        }
+        const int why = error;
+        DestroyData();
+        error = why;
     }
-    std::fclose(file);
-    if (error != 0)
-    {
-        ReleaseBlock(ownbytes);
-        ownbytes = nullptr;
-        return 0;
-    }
-    Adopt(ownbytes, used);
-    return 1;
+    return isread ? 1 : 0;
 }
 
-Result CFile_Parser::OpenFile(const char* name)
+/// False when the file has to be read as a whole.
+bool CFile_Parser::ReadFirstPiece(std::size_t seemingsize)
 {
-    const Result result = ReadFile(name);
+    constexpr std::size_t longestmark = 3;
+    const std::size_t wanted = std::max(piecesize, longestmark);
+    if (!MakeRoom(wanted))
+        return false;
+    const std::size_t got = ReadFileAt(static_cast<std::FILE*>(file), 0, ownbytes, wanted);
+    if (got < longestmark)
+        return false;
+    Adopt(ownbytes, seemingsize, got);
+    return encoding == EEncoding::Utf8;
+}
+
+/// Reads and closes the file, however much it holds: what has no size beforehand, such as a pipe, grows.
+bool CFile_Parser::ReadWhole(std::size_t seemingsize)
+{
+    auto* const source = static_cast<std::FILE*>(file);
+    std::rewind(source);
+    std::size_t used = 0;
+    std::size_t wanted = std::max<std::size_t>(seemingsize + 1, 4096); // one byte more shows the end without growth
+    error = 0;
+    for (;;)
+    {
+        if (used == blocksize || blocksize < wanted)
+            if (!MakeRoom(wanted))
+                return false;
+        wanted = blocksize + 1;
+        errno = 0;
+        const std::size_t got = std::fread(ownbytes + used, 1, blocksize - used, source);
+        used += got;
+        if (got != 0)
+            continue;
+        if (std::ferror(source) != 0)
+        {
+            Fail(errno != 0 ? errno : EIO);
+            return false;
+        }
+        std::fclose(source);
+        file = nullptr;
+        Adopt(ownbytes, used, used);
+        return true;
+    }
+}
+
+/// Grows the block, twofold at least, so that it holds so many bytes and the slack behind them.
+bool CFile_Parser::MakeRoom(std::size_t wanted)
+{
+    if (wanted <= blocksize)
+        return true;
+    const std::size_t newsize = std::max(wanted, blocksize * 2);
+    void* const grown =
+        ResizeBlock(ownbytes, ownbytes != nullptr ? blocksize + LongestKeyword : 0, newsize + LongestKeyword);
+    if (grown == nullptr)
+    {
+        Fail(ENOMEM);
+        return false;
+    }
+    ownbytes = static_cast<unsigned char*>(grown);
+    blocksize = newsize;
+    return true;
+}
+
+void CFile_Parser::Fail(int why)
+{
+    if (error == 0)
+        error = why;
+}
+
+/// Reads one more piece of the file into memory and lets go of what stands before the position. False when
+/// that fails: the text ends there.
+bool CFile_Parser::HoldMore()
+{
+    const std::size_t kept = heldend - offset;
+    if (kept != 0 && offset != heldbegin)
+        std::memmove(ownbytes, ownbytes + (offset - heldbegin), kept);
+    heldbegin = offset;
+    const std::size_t wanted = std::min(piecesize, size - heldend);
+    std::size_t got = 0;
+    if (MakeRoom(kept + wanted))
+    {
+        errno = 0;
+        got = ReadFileAt(static_cast<std::FILE*>(file), heldend, ownbytes + kept, wanted);
+        if (got == 0)
+            Fail(errno != 0 ? errno : EIO);
+    }
+    bytes = ownbytes;
+    if (got == 0)
+        size = heldend;
+    const std::size_t oldend = heldend;
+    heldend += got;
+    FindPlainEnd(oldend);
+    return got != 0;
+}
+
+/// Has the text in memory from the position to a line end at least, or to its own end.
+void CFile_Parser::HoldLine()
+{
+    if (offset < heldbegin || offset > heldend)
+    {
+        heldbegin = heldend = offset;
+        plainend = 0;
+    }
+    while (heldend < size && offset >= plainend && HoldMore())
+    {
+    }
+}
+
+/// Bytes from any place of the text, be they in memory or not; returns how many there were.
+std::size_t CFile_Parser::ReadAt(std::size_t position, void* to, std::size_t count) const
+{
+    count = std::min(count, size - position);
+    std::size_t done = 0;
+    if (count != 0 && position >= heldbegin && position < heldend)
+    {
+        done = std::min(count, heldend - position);
+        std::memcpy(to, bytes + (position - heldbegin), done);
+    }
+    if (done < count && file != nullptr)
+        done += ReadFileAt(static_cast<std::FILE*>(file), position + done, static_cast<char*>(to) + done, count - done);
+    return done;
+}
+
+Result CFile_Parser::OpenFile(const char* name, std::size_t newpiecesize)
+{
+    const Result result = ReadFile(name, newpiecesize);
     filename.SetUtf8(name, std::strlen(name));
     return result;
 }
 
-Result CFile_Parser::OpenFile(const wchar_t* name)
+Result CFile_Parser::OpenFile(const wchar_t* name, std::size_t newpiecesize)
 {
-    const Result result = ReadFile(name);
+    const Result result = ReadFile(name, newpiecesize);
     filename = name;
     return result;
 }
@@ -153,55 +248,54 @@ Result CFile_Parser::OpenFile(const wchar_t* name)
 Result CFile_Parser::Open(const void* newbytes, std::size_t newsize)
 {
     DestroyData();
-    Adopt(static_cast<const unsigned char*>(newbytes), newsize);
+    Adopt(static_cast<const unsigned char*>(newbytes), newsize, newsize);
     return 1;
 }
 
 Result CFile_Parser::Add(const CFile_Parser& source)
 {
+    CFile_Parser copy;
     const std::size_t count = source.size - source.offset;
-    auto* const copy = static_cast<unsigned char*>(ObtainBlock(count));
-    if (copy == nullptr)
-    {
-        DestroyData();
-        error = ENOMEM;
-        return 0;
-    }
-    if (count != 0)
-        std::memcpy(copy, source.bytes + source.offset, count);
+    if (copy.MakeRoom(std::max<std::size_t>(count, 1)) && source.ReadAt(source.offset, copy.ownbytes, count) != count)
+        copy.Fail(EIO);
     const EEncoding sourceencoding = source.encoding;
     DestroyData();
-    ownbytes = copy;
-    Adopt(copy, count);
+    error = copy.error;
+    if (error != 0)
+        return 0;
+    std::swap(ownbytes, copy.ownbytes);
+    std::swap(blocksize, copy.blocksize);
+    Adopt(ownbytes, count, count);
     encoding = sourceencoding;
     begin = 0;
     return Reset();
 }
 
 /// Starts anew on a text that somebody keeps alive.
-void CFile_Parser::Adopt(const unsigned char* newbytes, std::size_t newsize)
+void CFile_Parser::Adopt(const unsigned char* newbytes, std::size_t newsize, std::size_t newheldsize)
 {
     bytes = newbytes;
+    heldbegin = 0;
+    heldend = newheldsize;
     size = newsize;
     error = 0;
     encoding = EEncoding::Utf8;
     begin = 0;
-    // cppcheck-suppress nullPointer ; null bytes come with size 0
-    if (size >= 3 && bytes[0] == 0xEF && bytes[1] == 0xBB && bytes[2] == 0xBF)
+    if (heldend >= 3 && bytes[0] == 0xEF && bytes[1] == 0xBB && bytes[2] == 0xBF)
         begin = 3;
-    else if (size >= 2 && bytes[0] == 0xFF && bytes[1] == 0xFE)
+    else if (heldend >= 2 && bytes[0] == 0xFF && bytes[1] == 0xFE)
     {
         encoding = EEncoding::Utf16LittleEndian;
         begin = 2;
     }
-    else if (size >= 2 && bytes[0] == 0xFE && bytes[1] == 0xFF)
+    else if (heldend >= 2 && bytes[0] == 0xFE && bytes[1] == 0xFF)
     {
         encoding = EEncoding::Utf16BigEndian;
         begin = 2;
     }
     countedoffset = begin;
     countedlines = 0;
-    plainend = FindPlainEnd();
+    FindPlainEnd(0);
     Reset();
 }
 
@@ -215,10 +309,14 @@ Result CFile_Parser::Reset()
 
 Result CFile_Parser::DestroyData()
 {
+    if (file != nullptr)
+        std::fclose(static_cast<std::FILE*>(file));
+    file = nullptr;
     ReleaseBlock(ownbytes);
     ownbytes = nullptr;
+    blocksize = 0;
     filename.Clear();
-    Adopt(nullptr, 0);
+    Adopt(nullptr, 0, 0);
     return 1;
 }
 
@@ -275,9 +373,7 @@ Result CFile_Parser::GetBlockLine(wchar_t* line)
 
 std::size_t CFile_Parser::Read(void* to, std::size_t wanted)
 {
-    const std::size_t count = std::min(wanted, size - offset);
-    if (count != 0)
-        std::memcpy(to, bytes + offset, count);
+    const std::size_t count = ReadAt(offset, to, wanted);
     offset += count;
     return count;
 }
@@ -292,15 +388,12 @@ std::size_t CFile_Parser::GetLineNumber() const
 {
     // Counts on from where it stopped last, in either direction, so that a text full of complaints is
     // walked through once.
-    const std::size_t unitsize = GetUnitSize();
-    const std::size_t to = offset - (offset - begin) % unitsize;
-    for (; countedoffset < to; countedoffset += unitsize)
-        countedlines += EndsLine(countedoffset) ? 1 : 0;
-    while (countedoffset > to)
-    {
-        countedoffset -= unitsize;
-        countedlines -= EndsLine(countedoffset) ? 1 : 0;
-    }
+    const std::size_t to = offset - (offset - begin) % GetUnitSize();
+    if (to >= countedoffset)
+        countedlines += CountLineEnds(countedoffset, to);
+    else
+        countedlines -= CountLineEnds(to, countedoffset);
+    countedoffset = to;
     return countedlines + 1;
 }
 
@@ -322,52 +415,88 @@ std::size_t CFile_Parser::GetUnitSize() const
     return encoding == EEncoding::Utf8 ? 1 : 2;
 }
 
-/// Looks back over as much as a line and a keyword take, no further.
-std::size_t CFile_Parser::FindPlainEnd() const
+/// A byte, or a 16-bit unit of UTF-16.
+unsigned CFile_Parser::JoinUnit(const unsigned char* unit) const
 {
-    if (encoding != EEncoding::Utf8 || size < LongestKeyword)
-        return 0;
-    const std::size_t last = size - LongestKeyword;
-    const std::size_t first = last - std::min<std::size_t>(last, BlockLineCapacity);
-    for (std::size_t position = last; position > first; --position)
-        if (IsLineEnd(bytes[position]))
-            return position;
-    return 0;
-}
-
-/// The byte or 16-bit unit at a position; EndOfText where none is whole.
-unsigned CFile_Parser::GetUnit(std::size_t position) const
-{
+    const unsigned first = unit[0];
     if (encoding == EEncoding::Utf8)
-        return position < size ? bytes[position] : EndOfText;
-    if (position >= size || size - position < 2)
-        return EndOfText;
-    const unsigned first = bytes[position];
-    const unsigned second = bytes[position + 1];
+        return first;
+    const unsigned second = unit[1];
     return encoding == EEncoding::Utf16LittleEndian ? first | second << 8 : first << 8 | second;
 }
 
-/// Whether the unit at a position is the last of a line end.
-bool CFile_Parser::EndsLine(std::size_t position) const
+/// The unit at a position in memory; EndOfText where none is whole.
+unsigned CFile_Parser::GetUnit(std::size_t position) const
 {
-    const unsigned unit = GetUnit(position);
-    return unit == '\n' || (unit == '\r' && GetUnit(position + GetUnitSize()) != '\n');
+    return position < heldend && heldend - position >= GetUnitSize() ? JoinUnit(bytes + (position - heldbegin))
+                                                                     : EndOfText;
 }
 
-/// Moves to the first visible character of the next line that is neither blank nor a comment.
+/// How many line ends have their last unit between two positions.
+std::size_t CFile_Parser::CountLineEnds(std::size_t from, std::size_t to) const
+{
+    constexpr std::size_t most = 4096;
+    const std::size_t unitsize = GetUnitSize();
+    unsigned char piece[most + 2]; // and the unit that follows
+    std::size_t count = 0;
+    for (std::size_t position = from; position < to; position += most)
+    {
+        const std::size_t wanted = std::min(most, to - position);
+        const std::size_t got = ReadAt(position, piece, wanted + unitsize);
+        for (std::size_t i = 0; i + unitsize <= std::min(got, wanted); i += unitsize)
+        {
+            const unsigned unit = JoinUnit(piece + i);
+            const unsigned next = i + 2 * unitsize <= got ? JoinUnit(piece + i + unitsize) : EndOfText;
+            count += unit == '\n' || (unit == '\r' && next != '\n') ? 1 : 0;
+        }
+    }
+    return count;
+}
+
+/// Looks for the last line end in memory, from `searchbegin` on; where there is none, the one found before stays.
+void CFile_Parser::FindPlainEnd(std::size_t searchbegin)
+{
+    // Behind the caller's bytes there is nothing to be looked at; behind the block's own there is slack.
+    std::size_t last = heldend;
+    if (ownbytes != nullptr)
+        std::memset(ownbytes + (heldend - heldbegin), 0, LongestKeyword);
+    else
+        last -= std::min(last, LongestKeyword);
+    if (searchbegin == 0)
+        plainend = 0;
+    if (encoding != EEncoding::Utf8)
+        return;
+    // A text in memory is not searched through for it, only as far back as a line is long.
+    if (heldend == size)
+        searchbegin = std::max(searchbegin, last - std::min<std::size_t>(last, BlockLineCapacity));
+    for (std::size_t position = last; position-- > searchbegin;)
+        if (IsLineEnd(bytes[position - heldbegin]))
+        {
+            plainend = position;
+            return;
+        }
+}
+
+/// Moves to the first visible character of the next line that is neither blank nor a comment, and has that line
+/// in memory.
 bool CFile_Parser::FindLine()
 {
     const std::size_t unitsize = GetUnitSize();
     for (;;)
     {
+        HoldLine();
         unsigned unit = GetUnit(offset);
         for (; IsSpace(unit) || IsLineEnd(unit); unit = GetUnit(offset))
             offset += unitsize;
+        HoldLine();
+        unit = GetUnit(offset);
         if (unit == EndOfText)
         {
             offset = size;
             return false;
         }
+        if (IsSpace(unit) || IsLineEnd(unit))
+            continue;
         if (unit != '#' && !(unit == '/' && GetUnit(offset + unitsize) == '/'))
             return true;
         for (; unit != EndOfText && !IsLineEnd(unit); unit = GetUnit(offset))
@@ -412,8 +541,9 @@ bool CFile_Parser::IsInQuotes(std::size_t first, std::size_t position) const
 
 void CFile_Parser::DecodeUtf8Line(CLineBuffer& line)
 {
-    const unsigned char* at = bytes + offset;
-    const unsigned char* const end = bytes + size;
+    const unsigned char* const first = bytes + (offset - heldbegin);
+    const unsigned char* const end = bytes + (heldend - heldbegin);
+    const unsigned char* at = first;
     for (;;)
     {
         at += line.PutPlain(at, static_cast<std::size_t>(end - at));
@@ -428,7 +558,7 @@ void CFile_Parser::DecodeUtf8Line(CLineBuffer& line)
         line.Put(character.code == 0 ? U' ' : character.code);
         at += character.size;
     }
-    offset = static_cast<std::size_t>(at - bytes);
+    offset += static_cast<std::size_t>(at - first);
 }
 
 void CFile_Parser::DecodeUtf16Line(CLineBuffer& line)

@@ -1,9 +1,12 @@
-/// The text parser against a plain reading of the same bytes, and any mixture of its operations. The first byte
-/// counts the bytes behind it that draw operations; the rest is the text, which is then read to its end.
+/// The text parser against a plain reading of the same bytes, and any mixture of its operations, from memory and
+/// from a file that is read piece by piece. The first byte draws the size of the pieces, the second counts the
+/// bytes behind it that draw operations; the rest is the text, which is then read to its end.
 #include "core/file_parser.h"
 #include "fuzz/fuzz.h"
 
 #include <algorithm>
+#include <sys/mman.h>
+#include <unistd.h>
 
 namespace
 {
@@ -187,12 +190,44 @@ class CPlainParser
     std::wstring whole; ///< The line before it was cut.
 };
 
+/// A file without a place on a disk.
+class CMemoryFile
+{
+  public:
+    explicit CMemoryFile(std::string_view text) : descriptor(memfd_create("text", 0))
+    {
+        Check(write(descriptor, text.data(), text.size()) == static_cast<ssize_t>(text.size()));
+        name = "/proc/self/fd/" + std::to_string(descriptor);
+    }
+    CMemoryFile(const CMemoryFile&) = delete;
+    CMemoryFile& operator=(const CMemoryFile&) = delete;
+    ~CMemoryFile()
+    {
+        close(descriptor);
+    }
+
+    const char* GetName() const
+    {
+        return name.c_str();
+    }
+
+  private:
+    int descriptor;
+    std::string name;
+};
+
 class CComparison
 {
   public:
     explicit CComparison(std::string_view text) : plain(text), parser(&parsers[0])
     {
         parser->Open(text.data(), text.size());
+    }
+
+    CComparison(std::string_view text, const CMemoryFile& file, std::size_t piecesize)
+        : plain(text), parser(&parsers[0])
+    {
+        Check(parser->OpenFile(file.GetName(), piecesize) == 1);
     }
 
     void Do(unsigned operation)
@@ -295,13 +330,19 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
         [=]
         {
             CInput input(bytes, size);
+            const std::size_t piecesize = input.Take() % 128 + std::size_t{1};
             std::vector<unsigned> operations(input.Take() % 64);
             for (unsigned& operation : operations)
                 operation = input.Take();
             const CInput text = input.GetRest();
-            CComparison comparison(text.GetText());
-            for (const unsigned operation : operations)
-                comparison.Do(operation);
-            comparison.ReadToEnd();
+            const CMemoryFile file(text.GetText());
+            CComparison frommemory(text.GetText());
+            CComparison fromfile(text.GetText(), file, piecesize);
+            for (CComparison* const comparison : {&frommemory, &fromfile})
+            {
+                for (const unsigned operation : operations)
+                    comparison->Do(operation);
+                comparison->ReadToEnd();
+            }
         });
 }

@@ -40,6 +40,8 @@ CInput::CInput(const std::filesystem::path& path, const std::string& formatname)
     Recognise(path, formatname);
     asset = format->make();
     asset->Load(parser);
+    if (parser.GetError() != 0)
+        throw CToolError("cannot read " + name + ": " + std::generic_category().message(parser.GetError()));
     if (const long open = parser.GetBlockDepth(); open > 0)
         std::cerr << "asset_tool: warning: " << name << " leaves " << open << (open == 1 ? " block" : " blocks")
                   << " open; it may be cut off. What was read is kept.\n";

@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <cwchar>
 #include <filesystem>
+#include <fstream>
 
 namespace
 {
@@ -54,6 +55,31 @@ std::string InUtf16(std::u16string_view text, bool isbigendian)
     }
     return bytes;
 }
+
+/// A file in the folder for temporary ones, removed at the end.
+class CTemporaryFile
+{
+  public:
+    explicit CTemporaryFile(const std::string& text)
+        : name(testing::TempDir() + testing::UnitTest::GetInstance()->current_test_info()->name() + ".txt")
+    {
+        std::ofstream(name, std::ios::binary) << text;
+    }
+    CTemporaryFile(const CTemporaryFile&) = delete;
+    CTemporaryFile& operator=(const CTemporaryFile&) = delete;
+    ~CTemporaryFile()
+    {
+        std::remove(name.c_str());
+    }
+
+    const char* GetName() const
+    {
+        return name.c_str();
+    }
+
+  private:
+    std::string name;
+};
 
 /// One character beyond 16 bits, as this platform's wide text has it.
 const std::wstring Clef = L"\U0001D11E";
@@ -224,6 +250,78 @@ TEST(FileParser, ReadsFilesByAnyName)
     EXPECT_EQ(parser.OpenFile(folder.c_str()), 0) << "a folder is no file";
     EXPECT_NE(parser.GetError(), 0);
     EXPECT_EQ(parser.GetLine(line, CFile_Parser::BlockLineCapacity), 0);
+}
+
+/// A text with all that a line may be, some longer than any piece of it.
+std::string MakePiecemealText()
+{
+    std::string text = "\xEF\xBB\xBF*OBJECT {\r\n";
+    for (int i = 0; i < 40; ++i)
+    {
+        text += "\t entry " + std::to_string(i) + (i % 3 == 0 ? "\r\n" : i % 3 == 1 ? "\n\n" : "\r");
+        text += i % 5 == 0 ? "// a comment {\n#}\n" : "";
+        text += i % 7 == 0 ? std::string(static_cast<std::size_t>(i) * 50, 'x') + " \xC3\xA4\xE4 {\n}\n" : "";
+    }
+    return text + "}\nlast";
+}
+
+TEST(FileParser, ReadsAFilePieceByPiece)
+{
+    const std::string text = MakePiecemealText();
+    const CTemporaryFile file(text);
+    constexpr unsigned long capacity = 1000;
+    wchar_t line[capacity];
+    wchar_t other[capacity];
+    for (const std::size_t piecesize : {1, 2, 3, 7, 64, 1000, 100'000})
+    {
+        SCOPED_TRACE(piecesize);
+        CFile_Parser whole;
+        CFile_Parser pieces;
+        ASSERT_EQ(whole.Open(text.data(), text.size()), 1);
+        ASSERT_EQ(pieces.OpenFile(file.GetName(), piecesize), 1);
+        EXPECT_EQ(pieces.GetSize(), text.size());
+        for (int i = 0; whole.GetLine(line, capacity) == 1; ++i)
+        {
+            const std::size_t before = pieces.GetOffset();
+            ASSERT_EQ(pieces.GetLine(other, capacity), 1);
+            ASSERT_STREQ(other, line);
+            if (i % 4 == 0) // the line is given back
+            {
+                pieces.SetOffset(i % 8 == 0 ? before : before / 2);
+                pieces.SetOffset(before);
+                ASSERT_EQ(pieces.GetLine(other, capacity), 1);
+                ASSERT_STREQ(other, line);
+            }
+            ASSERT_EQ(pieces.GetOffset(), whole.GetOffset());
+            ASSERT_EQ(i % 3 == 0 ? pieces.GetLineNumber() : 1, i % 3 == 0 ? whole.GetLineNumber() : 1);
+        }
+        EXPECT_EQ(pieces.GetLine(other, capacity), 0);
+
+        pieces.SetOffset(10);
+        CFile_Parser rest;
+        EXPECT_EQ(rest.Add(pieces), 1);
+        std::string raw(text.size(), '?');
+        EXPECT_EQ(rest.Read(raw.data(), raw.size()), text.size() - 10);
+        EXPECT_EQ(raw.substr(0, text.size() - 10), text.substr(10));
+        EXPECT_EQ(pieces.Read(raw.data(), raw.size()), text.size() - 10);
+        EXPECT_EQ(raw.substr(0, text.size() - 10), text.substr(10));
+        EXPECT_EQ(pieces.GetError(), 0);
+    }
+}
+
+TEST(FileParser, EndsWhereAFileIsCutShortMeanwhile)
+{
+    const CTemporaryFile file("first\nsecond\nthird\n");
+    wchar_t line[CFile_Parser::BlockLineCapacity];
+    CFile_Parser parser;
+    ASSERT_EQ(parser.OpenFile(file.GetName(), 4), 1);
+    EXPECT_EQ(parser.GetBlockLine(line), 1);
+    std::filesystem::resize_file(file.GetName(), 9);
+    EXPECT_EQ(parser.GetBlockLine(line), 1);
+    EXPECT_STREQ(line, L"sec");
+    EXPECT_EQ(parser.GetError(), EIO);
+    EXPECT_EQ(parser.GetSize(), 9U);
+    EXPECT_EQ(parser.GetBlockLine(line), 0);
 }
 
 TEST(FileParser, ReportsFileAndLine)

@@ -1,8 +1,39 @@
 /// Runs the benchmarks: asset_bench --benchmark_filter=Ase, and what else Google Benchmark takes.
 #include "bench.h"
+#include "grid_scene.h"
+#include "grid_x.h"
 
 #include <cstdio>
-#include <cstring>
+#include <utility>
+
+namespace
+{
+template <class TMake> const SGridText& GetGrid(std::size_t bytes, TMake make)
+{
+    static std::pair<std::size_t, SGridText> grid;
+    if (grid.first != bytes)
+    {
+        grid = {};
+        grid = {bytes, make(bytes)};
+    }
+    return grid.second;
+}
+} // namespace
+
+const SGridText& GetScene(std::size_t bytes)
+{
+    return GetGrid(bytes, [](std::size_t size) { return MakeGridScene(size); });
+}
+
+const SGridText& GetMesh(std::size_t bytes)
+{
+    return GetGrid(bytes, MakeGridX);
+}
+
+void Register(const std::string& name, std::size_t size, BenchFunction function)
+{
+    benchmark::RegisterBenchmark(name.c_str(), function, size)->Unit(benchmark::kMillisecond)->UseRealTime();
+}
 
 std::size_t TakePeakMemory()
 {

@@ -1,10 +1,14 @@
-/// What the benchmarks share: input sizes, peers, and the check that comes before the timing.
+/// What the benchmarks share: input sizes and texts, the check of the result, the registration.
 #pragma once
+
+#include "grid_text.h"
+#include "roads.h"
 
 #include <benchmark/benchmark.h>
 
 #include <cstdint>
 #include <string>
+#include <utility>
 
 /// The sizes of text that every reader is measured at. Names of benchmarks end in them, so that a filter
 /// picks one: "/small" is quick enough for every change.
@@ -15,6 +19,10 @@ struct SBenchSize
 };
 inline constexpr SBenchSize BenchSizes[] = {
     {"small", 1'000'000}, {"7MB", 7'000'000}, {"70MB", 70'000'000}, {"400MB", 400'000'000}};
+
+/// A text of that size. Only the last one asked for is kept, as they are large.
+const SGridText& GetScene(std::size_t bytes);
+const SGridText& GetMesh(std::size_t bytes);
 
 /// Ends a benchmark whose result is not what it should be; true when it did.
 inline bool FailUnless(benchmark::State& state, bool isright, const char* what)
@@ -30,8 +38,29 @@ inline void CountBytes(benchmark::State& state, std::size_t bytes)
     state.SetBytesProcessed(static_cast<std::int64_t>(bytes) * static_cast<std::int64_t>(state.iterations()));
 }
 
+/// Times a road (see roads.h), which must come to so many faces.
+template <class TRoad> void MeasureRoad(benchmark::State& state, std::size_t faces, TRoad road)
+{
+    for (auto _ : state)
+    {
+        auto made = road();
+        state.PauseTiming();
+        const bool isright = CountFaces(*made) == faces;
+        {
+            const auto gone = std::move(made);
+        }
+        state.ResumeTiming();
+        if (FailUnless(state, isright, "not every face was read"))
+            break;
+    }
+}
+
 /// The most memory the process has held since the last call, in bytes; 0 where that cannot be told.
 std::size_t TakePeakMemory();
+
+/// Registers a benchmark that is given `size`.
+using BenchFunction = void (*)(benchmark::State& state, std::size_t size);
+void Register(const std::string& name, std::size_t size, BenchFunction function);
 
 /// Each file registers its benchmarks in one function, called from main.
 void RegisterAseBenchmarks();

@@ -2,7 +2,6 @@
 #include "bench.h"
 #include "containers/channel_list.h"
 #include "containers/tree.h"
-#include "core/file_parser.h"
 #include "core/file_saver.h"
 
 #include <cmath>
@@ -30,13 +29,6 @@ std::string MakeRawNodes(std::size_t count)
         text.append(reinterpret_cast<const char*>(&node), sizeof(node));
     }
     return text + "\r\n}\r\n";
-}
-
-template <class TContainer> void Load(TContainer& container, const std::string& text)
-{
-    CFile_Parser parser;
-    parser.Open(text.data(), text.size());
-    container.Load(&parser, nullptr);
 }
 
 template <class TContainer> std::string Save(TContainer& container)
@@ -163,13 +155,11 @@ void RegisterContainerBenchmarks()
         std::size_t count;
     };
     static constexpr SCount counts[] = {{"small", 10'000}, {"100k", 100'000}, {"1M", 1'000'000}};
-    using Benchmark = void (*)(benchmark::State&, std::size_t);
-    static constexpr std::pair<const char*, Benchmark> benchmarks[] = {
+    static constexpr std::pair<const char*, BenchFunction> benchmarks[] = {
         {"LoadRawNodes", LoadRawNodes},   {"CopyRawNodes", CopyRawNodes},       {"LoadNodeLines", LoadNodeLines},
         {"SaveNodeLines", SaveNodeLines}, {"LoadAndSaveTree", LoadAndSaveTree},
     };
     for (const auto& [name, function] : benchmarks)
         for (const SCount& size : counts)
-            benchmark::RegisterBenchmark((std::string(name) + "/" + size.name).c_str(), function, size.count)
-                ->Unit(benchmark::kMillisecond);
+            Register(std::string(name) + "/" + size.name, size.count, function);
 }

@@ -1,9 +1,7 @@
 /// Skin envelopes: load, and the two passes behind it.
 #include "bench.h"
-#include "core/file_parser.h"
 #include "formats/envelope/envelope.h"
 
-#include <cstdarg>
 #include <cstdio>
 #include <memory>
 
@@ -43,18 +41,6 @@ class CQuietStandardOutput
     int former = dup(STDOUT_FILENO);
 #endif
 };
-
-/// Appends one formatted line with CR LF.
-[[gnu::format(printf, 2, 3)]] void Line(std::string& text, const char* format, ...)
-{
-    char line[256];
-    va_list arguments;
-    va_start(arguments, format);
-    const int length = std::vsnprintf(line, sizeof(line), format, arguments);
-    va_end(arguments);
-    text.append(line, static_cast<std::size_t>(length));
-    text += "\r\n";
-}
 
 /// Bones are numbered with a gap that the loader has to close.
 std::size_t GetBoneId(std::size_t index)
@@ -145,13 +131,6 @@ std::string MakeGaps(std::size_t bones)
     return text;
 }
 
-void Load(CFileFormat_Envelope& document, const std::string& text)
-{
-    CFile_Parser parser;
-    parser.Open(text.data(), text.size());
-    document.Load(&parser, nullptr);
-}
-
 void LoadEnvelope(benchmark::State& state, const std::string& text, unsigned long bones)
 {
     const CQuietStandardOutput quiet;
@@ -191,17 +170,15 @@ void RunPasses(benchmark::State& state, std::size_t bytes)
     CountBytes(state, text.size());
 }
 
-template <class TFunction> void Register(const char* name, TFunction function)
-{
-    benchmark::RegisterBenchmark(name, function)->Unit(benchmark::kMillisecond)->UseRealTime();
-}
 } // namespace
 
 void RegisterEnvelopeBenchmarks()
 {
-    Register("Envelope/load/small", [](benchmark::State& state) { LoadEnvelope(state, MakeEnvelope(1'000'000), 80); });
-    Register("Envelope/load/70MB", [](benchmark::State& state) { LoadEnvelope(state, MakeEnvelope(70'000'000), 80); });
-    Register("Envelope/passes/70MB", [](benchmark::State& state) { RunPasses(state, 70'000'000); });
-    Register("Envelope/prune 100,000 bones with gaps",
-             [](benchmark::State& state) { LoadEnvelope(state, MakeGaps(100'000), 50'000); });
+    const BenchFunction load = [](benchmark::State& state, std::size_t bytes)
+    { LoadEnvelope(state, MakeEnvelope(bytes), 80); };
+    Register("Envelope/load/small", 1'000'000, load);
+    Register("Envelope/load/70MB", 70'000'000, load);
+    Register("Envelope/passes/70MB", 70'000'000, RunPasses);
+    Register("Envelope/prune 100,000 bones with gaps", 100'000,
+             [](benchmark::State& state, std::size_t bones) { LoadEnvelope(state, MakeGaps(bones), bones / 2); });
 }

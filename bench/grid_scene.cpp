@@ -1,23 +1,9 @@
 #include "grid_scene.h"
 
 #include <cmath>
-#include <cstdarg>
-#include <cstdio>
 
 namespace
 {
-/// Appends one formatted line with CR LF.
-[[gnu::format(printf, 2, 3)]] void Line(std::string& text, const char* format, ...)
-{
-    char line[512];
-    va_list arguments;
-    va_start(arguments, format);
-    const int length = std::vsnprintf(line, sizeof(line), format, arguments);
-    va_end(arguments);
-    text.append(line, static_cast<std::size_t>(length));
-    text += "\r\n";
-}
-
 struct SPoint
 {
     double x;
@@ -161,10 +147,11 @@ void Mesh(std::string& text, std::size_t side, std::size_t object)
 }
 } // namespace
 
-std::string MakeGridScene(std::size_t size, std::size_t facesperobject)
+SGridText MakeGridScene(std::size_t size, std::size_t facesperobject)
 {
     const auto side = static_cast<std::size_t>(std::sqrt(static_cast<double>(facesperobject) / 2.0));
-    std::string text;
+    SGridText grid;
+    std::string& text = grid.text;
     text.reserve(size + size / 4);
     Header(text);
     for (std::size_t object = 0; text.size() < size; ++object)
@@ -172,6 +159,7 @@ std::string MakeGridScene(std::size_t size, std::size_t facesperobject)
         Line(text, "*GEOMOBJECT {");
         Node(text, object);
         Mesh(text, side, object);
+        grid.faces += side * side * 2;
         Line(text, "\t*PROP_MOTIONBLUR 0");
         Line(text, "\t*PROP_CASTSHADOW 1");
         Line(text, "\t*PROP_RECVSHADOW 1");
@@ -179,5 +167,5 @@ std::string MakeGridScene(std::size_t size, std::size_t facesperobject)
         Line(text, "\t*MATERIAL_REF 0");
         Line(text, "}");
     }
-    return text;
+    return grid;
 }

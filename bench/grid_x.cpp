@@ -1,23 +1,9 @@
 #include "grid_x.h"
 
 #include <cmath>
-#include <cstdarg>
-#include <cstdio>
 
 namespace
 {
-/// Appends one formatted line with CR LF.
-[[gnu::format(printf, 2, 3)]] void Line(std::string& text, const char* format, ...)
-{
-    char line[256];
-    va_list arguments;
-    va_start(arguments, format);
-    const int length = std::vsnprintf(line, sizeof(line), format, arguments);
-    va_end(arguments);
-    text.append(line, static_cast<std::size_t>(length));
-    text += "\r\n";
-}
-
 /// Entries end with ";,", the last one of a list with ";;".
 const char* GetEnd(std::size_t index, std::size_t count)
 {
@@ -40,13 +26,14 @@ void Faces(std::string& text, std::size_t side)
 }
 } // namespace
 
-std::string MakeGridX(std::size_t size)
+SGridText MakeGridX(std::size_t size)
 {
     // A cell takes a vertex, a normal, a coordinate, two faces and a material index: about 150 bytes.
     auto side = static_cast<std::size_t>(std::ceil(std::sqrt(static_cast<double>(size) / 146.0)));
     const std::size_t vertices = (side + 1) * (side + 1);
     const double step = 200.0 / static_cast<double>(side);
-    std::string text;
+    SGridText grid = {{}, side * side};
+    std::string& text = grid.text;
     text.reserve(size + size / 8);
     Line(text, "xof 0303txt 0032");
     Line(text, "template Mesh {");
@@ -97,5 +84,5 @@ std::string MakeGridX(std::size_t size)
     Line(text, "   }");
     Line(text, "  }");
     Line(text, "}");
-    return text;
+    return grid;
 }

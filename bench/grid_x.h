@@ -1,9 +1,8 @@
 /// Makes X texts the way real exports look, of any size, for the benchmarks.
 #pragma once
 
-#include <cstddef>
-#include <string>
+#include "grid_text.h"
 
 /// One grid mesh of at least `size` bytes with normals (and their face list), texture coordinates and a
 /// material list, laid out as Blender and the 3ds Max exporters do: indented, one entry a line, CR LF.
-std::string MakeGridX(std::size_t size);
+SGridText MakeGridX(std::size_t size);

@@ -3,6 +3,7 @@
 /// fails or needs more than its text allows.
 ///     asset_limits ASSET_TOOL [PART [WORD]]
 /// PART: the large texts are that many times smaller. WORD: only the rows that name it.
+#include "apart.h"
 #include "containers/channel_list.h"
 #include "containers/graph.h"
 #include "containers/tree.h"
@@ -11,12 +12,8 @@
 #include "formats/envelope/envelope.h"
 #include "formats/modelbuild/model_from_ase.h"
 #include "formats/x/x.h"
+#include "temporary_file.h"
 
-#include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -281,34 +278,6 @@ const SRow Rows[] = {
 // Processes. What writes a text and what reads one are processes of their own, so that neither's memory is
 // counted for the other.
 
-struct SOutcome
-{
-    bool isdone = false;
-    double seconds = 0;
-    double peak = 0; ///< Bytes.
-};
-
-template <class TWork> SOutcome RunApart(TWork work)
-{
-    std::fflush(nullptr);
-    SOutcome outcome;
-    const auto start = std::chrono::steady_clock::now();
-    const pid_t child = fork();
-    if (child == 0)
-    {
-        work();
-        _exit(1);
-    }
-    int status = 0;
-    rusage usage = {};
-    if (child < 0 || wait4(child, &status, 0, &usage) != child)
-        return outcome;
-    outcome.isdone = WIFEXITED(status) && WEXITSTATUS(status) == 0;
-    outcome.seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-    outcome.peak = static_cast<double>(usage.ru_maxrss) * 1024;
-    return outcome;
-}
-
 const SReader* FindReader(std::string_view name)
 {
     for (const SReader& reader : Readers)
@@ -376,16 +345,13 @@ int main(int argc, char** argv)
         return 2;
     }
     const auto part = static_cast<std::size_t>(argc > 2 ? std::strtoul(argv[2], nullptr, 10) : 1);
-    std::string path = (std::filesystem::temp_directory_path() / "asset_limits_XXXXXX").string();
-    const int file = mkstemp(path.data());
-    if (file < 0 || part == 0)
+    if (part == 0)
         return 2;
-    close(file);
+    const CTemporaryFile file("");
     std::printf("| Text | Count | MB | Seconds | Peak MB | Peak / text |\n|---|---|---|---|---|---|\n");
     bool isright = true;
     for (const SRow& row : Rows)
         if (argc <= 3 || row.what.find(argv[3]) != std::string_view::npos)
-            isright &= Measure(row, part, argv[0], argv[1], path);
-    std::filesystem::remove(path);
+            isright &= Measure(row, part, argv[0], argv[1], file.path);
     return isright ? 0 : 1;
 }

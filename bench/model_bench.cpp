@@ -2,13 +2,8 @@
 #include "bench.h"
 #include "formats/modelbuild/model_from_ase.h"
 #include "grid_scene.h"
+#include "temporary_file.h"
 
-#if defined(HAVE_ASSIMP)
-#include <assimp/Importer.hpp>
-#include <assimp/scene.h>
-#endif
-
-#include <filesystem>
 #include <fstream>
 #include <memory>
 #include <optional>
@@ -19,109 +14,53 @@ namespace
 constexpr std::size_t FacesPerObject = 20'000;
 constexpr std::size_t MostFaces = 1'000'000;
 
-/// A grid scene of that size as a file, removed when it is not needed any more.
-class CSceneFile
+/// A file with the scene of that size; the last one asked for is kept.
+const std::string& GetSceneFile(std::size_t bytes)
 {
-  public:
-    explicit CSceneFile(std::size_t size)
-        : path((std::filesystem::temp_directory_path() / ("asset_bench_" + std::to_string(size) + ".ase")).string())
+    static std::size_t madebytes = 0;
+    static std::optional<CTemporaryFile> file;
+    if (madebytes != bytes)
     {
-        const std::string text = MakeGridScene(size, FacesPerObject);
-        std::ofstream(path, std::ios::binary) << text;
-        bytes = text.size();
+        file.emplace(".ase");
+        std::ofstream(file->path, std::ios::binary) << GetScene(bytes).text;
+        madebytes = bytes;
     }
-    CSceneFile(const CSceneFile&) = delete;
-    CSceneFile& operator=(const CSceneFile&) = delete;
-    ~CSceneFile()
-    {
-        std::error_code ignored;
-        std::filesystem::remove(path, ignored);
-    }
-
-    std::string path;
-    std::size_t bytes = 0;
-};
-
-/// The scene of that size; the last one asked for is kept.
-const CSceneFile& GetSceneFile(std::size_t size)
-{
-    static std::size_t madesize = 0;
-    static std::optional<CSceneFile> file;
-    if (madesize != size)
-    {
-        file.emplace(size);
-        madesize = size;
-    }
-    return *file;
+    return file->path;
 }
 
-std::size_t CountFaces(const CGraphics_Model& model)
+template <class TRoad> void MeasureFile(benchmark::State& state, std::size_t bytes, TRoad road)
 {
-    std::size_t faces = 0;
-    for (const CGraphics_Model::CGeometry* geometry : model.Geometries)
-        faces += geometry->Mesh.Faces.GetNumItems();
-    return faces;
+    const std::string& path = GetSceneFile(bytes);
+    const SGridText& scene = GetScene(bytes);
+    MeasureRoad(state, scene.faces, [&] { return road(path); });
+    CountBytes(state, scene.text.size());
 }
 
-bool IsWhole(std::size_t faces)
+void FileToModel(benchmark::State& state, std::size_t bytes)
 {
-    return faces != 0 && faces % FacesPerObject == 0;
+    MeasureFile(state, bytes, BuildFromFile);
 }
 
-/// Opens the file, loads the document and builds the model.
 void TextToModel(benchmark::State& state, std::size_t bytes)
 {
-    const CSceneFile& file = GetSceneFile(bytes);
-    for (auto _ : state)
-    {
-        auto document = std::make_unique<CFileFormat_Ase>();
-        auto model = std::make_unique<CGraphics_Model>();
-        CFile_Parser parser;
-        parser.OpenFile(file.path.c_str());
-        document->Load(&parser, nullptr);
-        CreateModelFromASE(*model, *document, 1.0F);
-        state.PauseTiming();
-        const bool isright = IsWhole(CountFaces(*model));
-        document.reset();
-        model.reset();
-        state.ResumeTiming();
-        if (FailUnless(state, isright, "not every face became one of the model"))
-            break;
-    }
-    CountBytes(state, file.bytes);
+    const SGridText& scene = GetScene(bytes);
+    MeasureRoad(state, scene.faces, [&] { return BuildFromText(scene.text); });
+    CountBytes(state, scene.text.size());
 }
 
 #if defined(HAVE_ASSIMP)
 void ReadWithAssimp(benchmark::State& state, std::size_t bytes)
 {
-    const CSceneFile& file = GetSceneFile(bytes);
-    for (auto _ : state)
-    {
-        auto importer = std::make_unique<Assimp::Importer>();
-        const aiScene* const scene = importer->ReadFile(file.path, 0);
-        state.PauseTiming();
-        std::size_t faces = 0;
-        for (unsigned i = 0; scene != nullptr && i < scene->mNumMeshes; ++i)
-            faces += scene->mMeshes[i]->mNumFaces;
-        importer.reset();
-        state.ResumeTiming();
-        if (FailUnless(state, IsWhole(faces), "Assimp did not read every face"))
-            break;
-    }
-    CountBytes(state, file.bytes);
+    MeasureFile(state, bytes, ImportFile);
 }
 #endif
 
 /// A document of that many faces, as grids of `facesperobject`.
 void LoadGrids(CFileFormat_Ase& document, std::size_t faces, std::size_t facesperobject)
 {
-    const std::string text = MakeGridScene(4'000, facesperobject); // past its header, so that it is one object
+    const std::string text = MakeGridScene(4'000, facesperobject).text; // past its header, so that it is one object
     for (std::size_t made = 0; made < faces; made += facesperobject)
-    {
-        CFile_Parser parser;
-        parser.Open(text.data(), text.size());
-        document.Load(&parser, nullptr);
-    }
+        Load(document, text);
 }
 
 void CountFaceRounds(benchmark::State& state, std::size_t faces)
@@ -134,20 +73,14 @@ void BuildModel(benchmark::State& state, std::size_t facesperobject)
 {
     CFileFormat_Ase document;
     LoadGrids(document, MostFaces, facesperobject);
-    std::size_t faces = 0;
-    for (const CFileFormat_Ase::CASEGeomObject& object : document.GeomObjects)
-        faces += object.mesh.faces.GetNumItems();
-    for (auto _ : state)
+    const std::size_t faces = CountFaces(document);
+    const auto build = [&]
     {
         auto model = std::make_unique<CGraphics_Model>();
         CreateModelFromASE(*model, document, 1.0F);
-        state.PauseTiming();
-        const bool isright = CountFaces(*model) == faces;
-        model.reset();
-        state.ResumeTiming();
-        if (FailUnless(state, isright, "not every face became one of the model"))
-            break;
-    }
+        return model;
+    };
+    MeasureRoad(state, faces, build);
     CountFaceRounds(state, faces);
 }
 
@@ -189,12 +122,6 @@ void RenumberMaterials(benchmark::State& state, std::size_t distinct)
     CountFaceRounds(state, MostFaces);
 }
 
-void Register(const std::string& name, std::size_t size, void (*function)(benchmark::State&, std::size_t))
-{
-    benchmark::RegisterBenchmark(name.c_str(), [function, size](benchmark::State& state) { function(state, size); })
-        ->Unit(benchmark::kMillisecond)
-        ->UseRealTime();
-}
 } // namespace
 
 void RegisterModelBenchmarks()
@@ -202,8 +129,9 @@ void RegisterModelBenchmarks()
     for (const SBenchSize& size : BenchSizes)
     {
         Register(std::string("Model/from text/") + size.name, size.bytes, TextToModel);
+        Register(std::string("Model/from file/") + size.name, size.bytes, FileToModel);
 #if defined(HAVE_ASSIMP)
-        Register(std::string("Model/from text with Assimp/") + size.name, size.bytes, ReadWithAssimp);
+        Register(std::string("Model/from file with Assimp/") + size.name, size.bytes, ReadWithAssimp);
 #endif
     }
     for (const std::size_t faces : {FacesPerObject, MostFaces})
@@ -211,6 +139,6 @@ void RegisterModelBenchmarks()
         Register("Model/build in objects of " + std::to_string(faces) + " faces", faces, BuildModel);
         Register("Model/tangents of " + std::to_string(faces) + " faces", faces, CalculateTangents);
     }
-    for (const std::size_t distinct : {7, 10'000})
+    for (const std::size_t distinct : {std::size_t{7}, std::size_t{10'000}})
         Register("Model/renumber/" + std::to_string(distinct) + " materials", distinct, RenumberMaterials);
 }

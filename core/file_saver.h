@@ -2,9 +2,7 @@
 #pragma once
 
 #include "core/core_base.h"
-
-#include <span>
-#include <string_view>
+#include "core/line_format.h"
 
 /// Writes the engine text block form as UTF-8 with LF: "{" and "}" on lines of their own, one tab per
 /// open block before every line. Holds back some bytes until Close. A saver that is not open takes
@@ -49,10 +47,11 @@ class ENGINE_CORE_API CFile_Saver
     /// Returns 0 when the line was left out, the saver is not open or a write has failed.
     Result Write(unsigned long level, const wchar_t* format, ...);
 
-    /// Writes one line at level 0: the label, which is plain ASCII, and each number behind a blank, as "%f" or
-    /// "%d". The same as Write, but quicker: for long lists. Returns as Write does.
-    Result WriteNumbers(std::string_view label, std::span<const float> numbers);
-    Result WriteNumbers(std::string_view label, std::span<const std::int32_t> numbers);
+    /// Writes one line at level 0: the format's label and behind it as many numbers as it has. The same as Write,
+    /// but quicker: for long lists. Returns as Write does.
+    /// format: of numbers, all "%f" or all "%d" as their type is.
+    Result WriteNumbers(const SLineFormat& format, const float* numbers);
+    Result WriteNumbers(const SLineFormat& format, const std::int32_t* numbers);
 
     /// Lines below this level are left out; 0 at first, 2 for the log.
     void SetLowestLevel(unsigned long newlevel);
@@ -79,7 +78,7 @@ class ENGINE_CORE_API CFile_Saver
 
     template <class TName> Result CreateFile(const TName* name);
     Result Start(Sink newsink, void* context);
-    template <class TNumber> Result WriteRow(std::string_view label, std::span<const TNumber> numbers);
+    template <class TNumber> Result WriteRow(const SLineFormat& format, const TNumber* numbers);
     bool Reserve(std::size_t more);
     bool Flush();
     void Fail(int why);

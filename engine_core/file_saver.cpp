@@ -202,16 +202,16 @@ Result CFile_Saver::Write(unsigned long level, const wchar_t* format, ...)
     return error == 0 ? 1 : 0;
 }
 
-template <class TNumber> Result CFile_Saver::WriteRow(std::string_view label, std::span<const TNumber> numbers)
+template <class TNumber> Result CFile_Saver::WriteRow(const SLineFormat& format, const TNumber* numbers)
 {
-    if (!Accepts(0) || !Reserve(depth + label.size() + numbers.size() * (NumberCapacity + 1) + 1))
+    if (!Accepts(0) || !Reserve(depth + format.labelsize + format.numbers * (NumberCapacity + 1) + 1))
         return 0;
     char* to = std::fill_n(buffer + used, depth, '\t');
-    to = std::copy_n(label.data(), label.size(), to);
-    for (const TNumber number : numbers)
+    to = std::copy_n(format.label, format.labelsize, to);
+    for (std::size_t i = 0; i < format.numbers; ++i)
     {
         *to = ' ';
-        to = WriteNumber(to + 1, number);
+        to = WriteNumber(to + 1, numbers[i]);
     }
     *to++ = '\n';
     used = static_cast<std::size_t>(to - buffer);
@@ -219,14 +219,14 @@ template <class TNumber> Result CFile_Saver::WriteRow(std::string_view label, st
     return error == 0 ? 1 : 0;
 }
 
-Result CFile_Saver::WriteNumbers(std::string_view label, std::span<const float> numbers)
+Result CFile_Saver::WriteNumbers(const SLineFormat& format, const float* numbers)
 {
-    return WriteRow(label, numbers);
+    return WriteRow(format, numbers);
 }
 
-Result CFile_Saver::WriteNumbers(std::string_view label, std::span<const std::int32_t> numbers)
+Result CFile_Saver::WriteNumbers(const SLineFormat& format, const std::int32_t* numbers)
 {
-    return WriteRow(label, numbers);
+    return WriteRow(format, numbers);
 }
 
 void CFile_Saver::SetLowestLevel(unsigned long newlevel)

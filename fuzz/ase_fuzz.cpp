@@ -1,5 +1,5 @@
 /// ASE scenes and the models built from them. A text; or, behind a NUL, material indices, which a build must
-/// renumber as the slow steps do.
+/// renumber as the slow steps do; or, behind a byte 1, lines within one of a mesh's lists.
 #include "core/word_helpers.h"
 #include "formats/modelbuild/model_from_ase.h"
 #include "fuzz/fuzz.h"
@@ -131,6 +131,23 @@ void CheckText(const CInput& input)
     Check(SaveText(document) == saved);
 }
 
+/// The next byte draws the list, of which two entries stand before the lines: the second is read in place.
+void CheckList(CInput& input)
+{
+    static constexpr const char* lists[] = {
+        "*MESH_VERTEX_LIST {\n*MESH_VERTEX 0 1 2 3\n*MESH_VERTEX 1 1 2 3\n",
+        "*MESH_FACE_LIST {\n*MESH_FACE 0: A: 1 B: 2 C: 3\n*MESH_FACE 1: A: 1 B: 2 C: 3 *MESH_MTLID 4\n",
+        "*MESH_TFACELIST {\n*MESH_TFACE 0 1 2 3\n*MESH_TFACE 1 1 2 3\n",
+        "*MESH_CFACELIST {\n*MESH_CFACE 0 1 2 3\n*MESH_CFACE 1 1 2 3\n",
+        "*MESH_NORMALS {\n*MESH_FACENORMAL 0 1 2 3\n*MESH_VERTEXNORMAL 1 1 2 3\n",
+    };
+    std::string text = lists[input.Take() % std::size(lists)];
+    text += input.GetRest().GetText();
+    CFileFormat_Ase::CASEMesh mesh;
+    LoadText(mesh, text);
+    CheckEncodings<CFileFormat_Ase::CASEMesh>(text, Describe(mesh));
+}
+
 /// Behind a byte that is odd every index may be large; else they lie close together, as the slow steps need.
 void CheckRenumbering(CInput& input)
 {
@@ -161,9 +178,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
         [=]
         {
             CInput input(bytes, size);
-            if (size == 0 || bytes[0] != 0)
+            if (size == 0 || bytes[0] > 1)
                 return CheckText(input);
-            input.Take();
-            CheckRenumbering(input);
+            if (input.Take() == 0)
+                CheckRenumbering(input);
+            else
+                CheckList(input);
         });
 }

@@ -68,6 +68,23 @@ template <class TWork> int Watch(TWork work)
     return 0;
 }
 
+/// Loads a text of ASCII as UTF-8, whose long lists are read in place, and as UTF-16, whose are not. Line ends are
+/// added, since nothing is read in place close to the end.
+template <class TDocument> void CheckEncodings(std::string_view text, const std::string& described)
+{
+    // The bytes of raw nodes are the same in any text.
+    if (std::any_of(text.begin(), text.end(), [](char byte) { return (byte & 0x80) != 0; }) ||
+        text.find("addbnodes:") != text.npos)
+        return;
+    const std::string narrow = std::string(text) + std::string(LongestKeyword + 1, '\n');
+    for (const std::string& form : {narrow, WidenBytes(narrow)})
+    {
+        TDocument document;
+        LoadText(document, form);
+        Check(Describe(document) == described);
+    }
+}
+
 /// Loads the text twice, copies and moves what came out: it must always be the same, and stay so.
 template <class TDocument> void CheckDocument(const CInput& input, TDocument& document)
 {
@@ -85,6 +102,7 @@ template <class TDocument> void CheckDocument(const CInput& input, TDocument& do
         again.Load(&rest, nullptr);
         Check(Describe(again) == described);
     }
+    CheckEncodings<TDocument>(input.GetText(), described);
     TDocument copy(document);
     TDocument moved(std::move(copy));
     copy = moved;

@@ -4,6 +4,7 @@
 
 #include "formats/modelbuild/model_from_ase.h"
 #include "tests/hostile/ase_fields.h"
+#include "tests/hostile/checker.h"
 #include "tests/hostile/fields.h"
 #include "tests/support/documents.h"
 

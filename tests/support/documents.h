@@ -44,6 +44,27 @@ inline std::string ReadSample(const char* name)
     return ReadFile(std::string(SAMPLES_FOLDER) + "/" + name);
 }
 
+/// The pieces of a text between marks.
+inline std::vector<std::string> Split(std::string_view text, char mark)
+{
+    std::vector<std::string> pieces;
+    for (std::size_t end = 0; end != text.npos; text.remove_prefix(end == text.npos ? text.size() : end + 1))
+    {
+        end = text.find(mark);
+        pieces.emplace_back(text.substr(0, end));
+    }
+    return pieces;
+}
+
+/// The text as UTF-16, each byte a character.
+inline std::string WidenBytes(std::string_view text)
+{
+    std::string wide = "\xFF\xFE";
+    for (const char byte : text)
+        wide += {byte, '\0'};
+    return wide;
+}
+
 /// The registry while it lives: what is still announced when the test is done was leaked.
 class CRegistryWatch
 {

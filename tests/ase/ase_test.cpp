@@ -4,8 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdio>
-
 namespace
 {
 void LoadInto(CFileFormat_Ase& document, std::string_view text)
@@ -131,21 +129,4 @@ TEST(Ase, VisitsEveryNameInOrder)
     EXPECT_EQ(seen, L"m mc! g gp gn ga l ln la h hc! hn c cn1 cn2 ca s sp sn sa ");
     EXPECT_STREQ(document.ShapeObjects[0]->animation.name.Get(), L"new sa");
     EXPECT_EQ(document.ParseNodeNames(nullptr, &seen), 0);
-}
-
-TEST(Ase, CopiesEverything)
-{
-    CFileFormat_Ase document;
-    LoadInto(document, ReadSample("scene.ase"));
-    const std::string saved = SaveText(document);
-    CFileFormat_Ase copy(document);
-    document.Destroy();
-    EXPECT_EQ(SaveText(copy), saved);
-    document = copy;
-    copy = CFileFormat_Ase();
-    EXPECT_EQ(SaveText(document), saved);
-    CFileFormat_Ase moved(std::move(document));
-    EXPECT_EQ(SaveText(moved), saved);
-    EXPECT_EQ(moved.GeomObjects[1]->meshanimation.meshes.GetNumItems(), 2U) << "what is not saved is copied too";
-    EXPECT_EQ((*moved.Materials[1]).map_diffuse.generic[0]->generic.GetNumItems(), 1U);
 }

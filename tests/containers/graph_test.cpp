@@ -38,14 +38,6 @@ std::string NodeText(const std::string& lines)
 }
 } // namespace
 
-TEST(Graph, EmptyGraphIsAnEmptyBlock)
-{
-    CGraph graph;
-    EXPECT_EQ(SaveText(graph), "{\n}\n");
-    EXPECT_EQ(LoadText(graph, "{\n}\n"), 1);
-    EXPECT_EQ(graph.nodes.GetNumItems(), 0U);
-}
-
 TEST(Graph, SavesLinksThenDataThenExtraData)
 {
     SExtraData extra;

@@ -206,20 +206,6 @@ TEST(ResourceManager, ResourcesTakeInWhatTheyAreGiven)
     EXPECT_EQ(texture.data.GetSize(), 0U);
 }
 
-TEST(ResourceManager, ModelsLoadWhatAModelSaved)
-{
-    CGraphics_Model model;
-    model.Points.Add()->x = 0.1F;
-    model.Geometries.Add()->Mesh.Vertices.CreateMultiple(3);
-    const std::string text = SaveText(model);
-    CFile_Parser parser;
-    parser.Open(text.data(), text.size());
-    TGraphicsResourceManager<CGraphics_Model> manager;
-    CGraphics_Model loaded;
-    EXPECT_EQ(manager.InitializeObject(&loaded, &parser, 0), 1);
-    EXPECT_EQ(SaveText(loaded), text);
-}
-
 TEST(ResourceManager, TakesEveryHandleAndResourceWithIt)
 {
     CRegistryWatch watch;

@@ -32,35 +32,6 @@ TEST(GraphicsModel, NotANumberStaysOne)
     EXPECT_EQ(loaded.Points[0]->z, -2.0F);
 }
 
-TEST(GraphicsModel, SavesInTheEngineTextBlockForm)
-{
-    CGraphics_Model model;
-    EXPECT_EQ(SaveText(model), "{\n}\n");
-    CGraphics_Mesh& mesh = model.Geometries.Add()->Mesh;
-    *mesh.Vertices.Add() = {1, 0.1F, -2};
-    *mesh.Faces.Add() = {0, 1, 2, 3};
-    model.MaterialLists.Add()->Materials.Add()->Name = L"unknown";
-    *model.Axes.Add() = {{1, 2, 3}, {0, -1, 0}};
-    EXPECT_EQ(SaveText(model), "{\n"
-                               "\taddgeometry:\n"
-                               "\t{\n"
-                               "\t\tmesh:\n"
-                               "\t\t{\n"
-                               "\t\t\taddvertex: 1 0.100000001 -2\n"
-                               "\t\t\taddface: 0 1 2 3\n"
-                               "\t\t}\n"
-                               "\t}\n"
-                               "\taddmateriallist:\n"
-                               "\t{\n"
-                               "\t\taddmaterial:\n"
-                               "\t\t{\n"
-                               "\t\t\tname: \"unknown\"\n"
-                               "\t\t}\n"
-                               "\t}\n"
-                               "\taddaxis: 1 2 3 0 -1 0\n"
-                               "}\n");
-}
-
 TEST(GraphicsModel, UnknownLinesAndBlocksArePassedOver)
 {
     CGraphics_Model model;

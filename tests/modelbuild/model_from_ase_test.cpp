@@ -164,27 +164,6 @@ TEST_F(ModelFromAse, FacesAndTextureAreTakenOverWithVTurned)
     }
 }
 
-TEST_F(ModelFromAse, ChannelsAreTakenOverInOrder)
-{
-    CFileFormat_Ase::CASEMesh& mesh = AddObject().mesh;
-    for (const float number : {1.0F, 2.0F})
-    {
-        CFileFormat_Ase::CASEMappingChannel& channel = *mesh.mappingchannels.Add();
-        Append(channel.tvertices, {{number, 0.25F, 5}});
-        AppendFace(channel.tfaces, 3, 2, static_cast<int>(number));
-    }
-    Append(mesh.cvertices, {{0.5F, 0.25F, 1}});
-    AppendFace(mesh.cfaces, 0, 1, 2);
-    const CGraphics_Mesh& built = Build(10);
-    ASSERT_EQ(built.MappingChannels.NumItems, 2U);
-    EXPECT_THAT(ToVector(built.MappingChannels[1]->Coordinates), ElementsAre(CMath_Vector3(2, 0.75F, 5)));
-    EXPECT_EQ(built.MappingChannels[0]->Faces[0]->C, 1U);
-    EXPECT_EQ(built.MappingChannels[1]->Faces[0]->C, 2U);
-    ASSERT_EQ(built.ColourChannels.NumItems, 1U);
-    EXPECT_THAT(ToVector(built.ColourChannels[0]->Coordinates), ElementsAre(CMath_Vector3(0.5F, 0.25F, 1)));
-    EXPECT_EQ(built.ColourChannels[0]->Faces[0]->B, 1U);
-}
-
 TEST_F(ModelFromAse, ColoursNeedBothVerticesAndFaces)
 {
     Append(AddObject().mesh.cvertices, {{1, 1, 1}});
@@ -318,17 +297,4 @@ TEST_F(ModelFromAse, SecondSceneJoinsTheFirst)
     EXPECT_EQ(attached.Name, CSys_String(L"Wood"));
     EXPECT_EQ(handle.refCount, 1U);
     attached.Material.Destroy(); // the model outlives the handle here
-}
-
-/// The scene as text all the way: what the sample shows comes out as worked out by hand.
-TEST_F(ModelFromAse, SampleSceneBecomesAModel)
-{
-    LoadText(document, ReadSample("scene.ase"));
-    const std::string before = SaveText(document);
-    Build();
-    EXPECT_EQ(model.Geometries.NumItems, document.GeomObjects.NumItems);
-    EXPECT_EQ(SaveText(document), before) << "the document is only read";
-    CGraphics_Model loaded;
-    LoadText(loaded, SaveText(model));
-    EXPECT_EQ(SaveText(loaded), SaveText(model));
 }

@@ -37,20 +37,12 @@ TEST(String, IsEmptyWithoutMemory)
 
 TEST(String, SavesAndLoadsAnyText)
 {
-    const std::vector<std::wstring> texts = {L"",
-                                             L"plain",
-                                             L"  blanks at both ends\t",
-                                             L"\"quotes\" and \\ backslashes \\n",
-                                             L"{",
-                                             L"}",
-                                             L"two\r\nlines\n\n",
-                                             L"// no comment",
-                                             L"# neither",
-                                             L"100% %s",
-                                             L"K\u00E4se \u20AC \U0001D11E",
-                                             std::wstring(L"\x01\x1F\x7F") + wchar_t{0xD800} + L"x",
-                                             std::wstring(10'000, L'\\'),
-                                             std::wstring(10'000, L' ')};
+    std::vector<std::wstring> texts = {std::wstring(L"\x01\x1F\x7F") + wchar_t{0xD800} + L"x",
+                                       std::wstring(10'000, L'\\'), std::wstring(10'000, L' ')};
+    for (const wchar_t* text :
+         {L"", L"plain", L"  blanks at both ends\t", L"\"quotes\" and \\ backslashes \\n", L"{", L"}",
+          L"two\r\nlines\n\n", L"// no comment", L"# neither", L"100% %s", L"K\u00E4se \u20AC \U0001D11E"})
+        texts.emplace_back(text);
     for (const std::wstring& text : texts)
     {
         CSys_String saved(text.c_str());

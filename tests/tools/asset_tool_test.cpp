@@ -1,73 +1,13 @@
 /// asset_tool as its users meet it: arguments in, exit status, streams and files out.
-#include <gtest/gtest.h>
+#include "tests/support/tool.h"
 
 #include <array>
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <string>
 
 namespace
 {
-namespace fs = std::filesystem;
-
-struct SRun
-{
-    int status;
-    std::string out;
-    std::string err;
-};
-
-std::string ReadFile(const fs::path& path)
-{
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-}
-
-void WriteFile(const fs::path& path, const std::string& text)
-{
-    std::ofstream(path, std::ios::binary) << text;
-}
-
-class AssetTool : public testing::Test
+class AssetTool : public CToolTest
 {
   protected:
-    AssetTool()
-    {
-        folder = fs::path(testing::TempDir()) / testing::UnitTest::GetInstance()->current_test_info()->name();
-        fs::remove_all(folder);
-        fs::create_directories(folder);
-    }
-    ~AssetTool() override
-    {
-        std::error_code ignored;
-        fs::remove_all(folder, ignored);
-    }
-
-    /// Runs the tool with the arguments as the shell takes them.
-    SRun Run(const std::string& arguments) const
-    {
-        const fs::path out = folder / "stdout";
-        const fs::path err = folder / "stderr";
-        const std::string command =
-            std::string(ASSET_TOOL) + " " + arguments + " >" + out.string() + " 2>" + err.string();
-        const int result = std::system(command.c_str()); // NOLINT(cert-env33-c): running the tool is the test
-#if defined(_WIN32)
-        const int status = result;
-#else
-        const int status = WEXITSTATUS(result);
-#endif
-        return {status, ReadFile(out), ReadFile(err)};
-    }
-
-    fs::path Make(const std::string& name, const std::string& text) const
-    {
-        WriteFile(folder / name, text);
-        return folder / name;
-    }
-
-    fs::path folder;
     const std::string sample = std::string(SAMPLES_FOLDER) + "/scene.ase";
 };
 } // namespace

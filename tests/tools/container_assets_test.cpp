@@ -1,54 +1,31 @@
 /// asset_tool on containers: what it converts and shows.
-#include <gtest/gtest.h>
-
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <string>
+#include "tests/support/tool.h"
 
 namespace
 {
-namespace fs = std::filesystem;
-
-std::string ReadFile(const fs::path& path)
-{
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-}
-
 std::string Sample(const std::string& name)
 {
     return std::string(SAMPLES_FOLDER) + "/" + name;
 }
 
-/// The tool's standard output, behind its messages and before its exit status when that is not 0.
-std::string RunTool(const std::string& arguments)
+class ContainerAssets : public CToolTest
 {
-    const fs::path folder = testing::TempDir();
-    const std::string name = testing::UnitTest::GetInstance()->current_test_info()->name();
-    const fs::path out = folder / (name + ".out");
-    const fs::path err = folder / (name + ".err");
-    const std::string command = std::string(ASSET_TOOL) + " " + arguments + " >" + out.string() + " 2>" + err.string();
-    const int status = std::system(command.c_str()); // NOLINT(cert-env33-c): running the tool is the test
-    const std::string text = ReadFile(err) + ReadFile(out);
-    fs::remove(out);
-    fs::remove(err);
-    return status == 0 ? text : text + "failed";
-}
+  protected:
+    /// The tool's standard output, behind its messages and before its exit status when that is not 0.
+    std::string RunTool(const std::string& arguments) const
+    {
+        const SRun run = Run(arguments);
+        return run.err + run.out + (run.status == 0 ? "" : "failed");
+    }
 
-std::string RunOn(const std::string& arguments, const std::string& text)
-{
-    const fs::path file = fs::path(testing::TempDir()) /
-                          (std::string(testing::UnitTest::GetInstance()->current_test_info()->name()) + ".txt");
-    std::ofstream(file, std::ios::binary) << text;
-    const std::string result = RunTool(arguments + " " + file.string());
-    fs::remove(file);
-    return result;
-}
+    std::string RunOn(const std::string& arguments, const std::string& text) const
+    {
+        return RunTool(arguments + " " + Make("input.txt", text).string());
+    }
+};
 } // namespace
 
-TEST(ContainerAssets, ConvertTidiesSamples)
+TEST_F(ContainerAssets, ConvertTidiesSamples)
 {
     for (const char* name : {"dialogue.tree", "door.graph", "sway.channels3"}) // tidy already
         EXPECT_EQ(RunTool("convert " + Sample(name)), ReadFile(Sample(name)));
@@ -60,7 +37,7 @@ TEST(ContainerAssets, ConvertTidiesSamples)
               "\taddnode: 1.000000 0.000000 0.000000 1.000000 0.500000\n}\n");
 }
 
-TEST(ContainerAssets, FirstLineTellsTheKind)
+TEST_F(ContainerAssets, FirstLineTellsTheKind)
 {
     EXPECT_NE(RunOn("inspect", ReadFile(Sample("dialogue.tree"))).find("a tree of texts, 250 bytes\n2 folders, 3 keys"),
               std::string::npos);
@@ -70,7 +47,7 @@ TEST(ContainerAssets, FirstLineTellsTheKind)
     EXPECT_NE(RunOn("inspect", ReadFile(Sample("glow.channels4"))).find("channel 2: -0.125 to 1"), std::string::npos);
 }
 
-TEST(ContainerAssets, EmptyContainerIsOneThatIsNamed)
+TEST_F(ContainerAssets, EmptyContainerIsOneThatIsNamed)
 {
     for (const char* format : {"tree", "graph", "channels3", "channels4"})
         EXPECT_EQ(RunOn(std::string("convert --format ") + format, "{\n}\n"), "{\n}\n");
@@ -78,7 +55,7 @@ TEST(ContainerAssets, EmptyContainerIsOneThatIsNamed)
     EXPECT_NE(RunTool("convert --format graph " + Sample("dialogue.tree")).find("failed"), std::string::npos);
 }
 
-TEST(ContainerAssets, JsonHoldsEverything)
+TEST_F(ContainerAssets, JsonHoldsEverything)
 {
     EXPECT_EQ(RunTool("inspect --json " + Sample("door.graph")),
               "{\"format\":\"graph\",\"document\":{\"nodes\":[{\"links\":[[0,1],[1,2]]},{\"links\":[[0,2]]},"
@@ -91,7 +68,7 @@ TEST(ContainerAssets, JsonHoldsEverything)
         "{\"format\":\"channels3\",\"document\":{\"channelNodes\":[{\"key\":0.1,\"value\":[\"nan\",2,\"-inf\"]}]}}\n");
 }
 
-TEST(ContainerAssets, PointOutWhatIsSuspicious)
+TEST_F(ContainerAssets, PointOutWhatIsSuspicious)
 {
     EXPECT_NE(RunOn("inspect", "{\naddkey: a\n{\n}\naddkey: a\n{\n}\n}\n")
                   .find("suspicious:\n  a: several keys in one folder have this name\n"),

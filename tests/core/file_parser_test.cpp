@@ -272,7 +272,7 @@ TEST(FileParser, ReadsAFilePieceByPiece)
     constexpr unsigned long capacity = 1000;
     wchar_t line[capacity];
     wchar_t other[capacity];
-    for (const std::size_t piecesize : {1, 2, 3, 7, 64, 1000, 100'000})
+    for (const std::size_t piecesize : {1U, 2U, 3U, 7U, 64U, 1000U, 100'000U})
     {
         SCOPED_TRACE(piecesize);
         CFile_Parser whole;

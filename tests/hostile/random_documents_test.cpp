@@ -116,7 +116,9 @@ TYPED_TEST(EveryRandom, IsTheSameFromAnywhere)
                 ASSERT_EQ(file.OpenFile(name.c_str()), 1);
                 CFile_Parser rest;
                 ASSERT_EQ(rest.Add(file), 1);
-                for (CFile_Parser* const parser : {&file, &rest})
+                CFile_Parser pieces;
+                ASSERT_EQ(pieces.OpenFile(name.c_str(), text.size() % 500 + 1), 1);
+                for (CFile_Parser* const parser : {&file, &rest, &pieces})
                 {
                     TypeParam loaded;
                     loaded.Load(parser, nullptr);

@@ -266,8 +266,9 @@ Result CFile_Parser::Add(const CFile_Parser& source)
     std::swap(ownbytes, copy.ownbytes);
     std::swap(blocksize, copy.blocksize);
     Adopt(ownbytes, count, count);
-    encoding = sourceencoding;
+    encoding = sourceencoding; // the rest of a text has no mark to tell it
     begin = 0;
+    FindPlainEnd(0);
     return Reset();
 }
 

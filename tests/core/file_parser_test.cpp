@@ -208,6 +208,7 @@ TEST(FileParser, TakesWhatAnotherHasStillToRead)
         source.GetBlockLine(line);
         EXPECT_EQ(copy.Add(source), 1);
     }
+    EXPECT_TRUE(copy.GetPlainText().empty()) << "the rest is in UTF-16 too, though no mark says so";
     EXPECT_EQ(copy.GetBlockLine(line), 1);
     EXPECT_STREQ(line, L"second");
     copy.Reset();

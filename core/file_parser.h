@@ -141,6 +141,7 @@ class ENGINE_CORE_API CFile_Parser
     bool ReadFirstPiece(std::size_t seemingsize);
     std::size_t ReadAt(std::size_t position, void* to, std::size_t count) const;
     bool HoldMore();
+    bool IsLineHeld() const;
     void HoldLine();
     bool MakeRoom(std::size_t wanted);
     void Fail(int why);
@@ -148,6 +149,7 @@ class ENGINE_CORE_API CFile_Parser
     void FindPlainEnd(std::size_t searchbegin);
     bool ReadLine(CLineBuffer& line);
     bool FindLine();
+    void PassBlankLines();
     void DecodeUtf8Line(CLineBuffer& line);
     void DecodeUtf16Line(CLineBuffer& line);
     std::size_t GetUnitSize() const;

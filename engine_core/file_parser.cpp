@@ -203,8 +203,14 @@ bool CFile_Parser::HoldMore()
     return got != 0;
 }
 
-/// Has the text in memory from the position to a line end at least, or to its own end.
-void CFile_Parser::HoldLine()
+/// Whether the text is in memory from the position to a line end at least, or to its own end.
+bool CFile_Parser::IsLineHeld() const
+{
+    return offset >= heldbegin && (offset < plainend || (heldend == size && offset <= heldend));
+}
+
+/// Sees to it that it is. Seldom needed, so not to be mixed into its callers.
+[[gnu::noinline]] void CFile_Parser::HoldLine()
 {
     if (offset < heldbegin || offset > heldend)
     {
@@ -478,6 +484,20 @@ void CFile_Parser::FindPlainEnd(std::size_t searchbegin)
         }
 }
 
+/// Moves to the first visible character that is in memory.
+void CFile_Parser::PassBlankLines()
+{
+    const auto isblank = [](unsigned unit) { return IsSpace(unit) || IsLineEnd(unit); };
+    if (encoding == EEncoding::Utf8)
+    {
+        const unsigned char* const first = bytes + (offset - heldbegin);
+        offset += static_cast<std::size_t>(std::find_if_not(first, bytes + (heldend - heldbegin), isblank) - first);
+        return;
+    }
+    while (isblank(GetUnit(offset)))
+        offset += GetUnitSize();
+}
+
 /// Moves to the first visible character of the next line that is neither blank nor a comment, and has that line
 /// in memory.
 bool CFile_Parser::FindLine()
@@ -485,12 +505,12 @@ bool CFile_Parser::FindLine()
     const std::size_t unitsize = GetUnitSize();
     for (;;)
     {
-        HoldLine();
+        if (!IsLineHeld())
+            HoldLine();
+        PassBlankLines();
+        if (!IsLineHeld())
+            HoldLine();
         unsigned unit = GetUnit(offset);
-        for (; IsSpace(unit) || IsLineEnd(unit); unit = GetUnit(offset))
-            offset += unitsize;
-        HoldLine();
-        unit = GetUnit(offset);
         if (unit == EndOfText)
         {
             offset = size;

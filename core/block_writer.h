@@ -18,6 +18,21 @@
 #include <array>
 #include <tuple>
 
+/// Writes one line at level 0, by the short way when all its values are numbers of one kind.
+template <class... TValues> void WriteValues(CFile_Saver* saver, const SLineFormat& format, const TValues&... values)
+{
+    constexpr std::size_t count = sizeof...(TValues);
+    constexpr bool arefloats = count != 0 && (std::is_same_v<TValues, float> && ...);
+    constexpr bool areintegers = count != 0 && (std::is_same_v<TValues, std::int32_t> && ...);
+    if constexpr (arefloats || areintegers)
+        if (format.numbers == count && format.conversion == (arefloats ? L'f' : L'd'))
+        {
+            saver->WriteNumbers(format, std::array{values...}.data());
+            return;
+        }
+    saver->Write(0, format.text, values...);
+}
+
 /// Writes one line at level 0; each argument is spread into what its format expects: a vector and a
 /// colour into three numbers, a string as its text.
 template <class... TArguments>
@@ -54,17 +69,8 @@ void WriteLine(CFile_Saver* saver, const SLineFormat& format, const TArguments&.
             return {color.r, color.g, color.b};
         }
     };
-    const auto write = [&]<class... T>(const T&... values)
-    {
-        if constexpr (sizeof...(T) != 0 && (std::is_same_v<T, float> && ...))
-            if (format.numbers == sizeof...(T) && format.conversion == L'f')
-                return (void)saver->WriteNumbers(format, std::array{values...}.data());
-        if constexpr (sizeof...(T) != 0 && (std::is_same_v<T, std::int32_t> && ...))
-            if (format.numbers == sizeof...(T) && format.conversion == L'd')
-                return (void)saver->WriteNumbers(format, std::array{values...}.data());
-        saver->Write(0, format.text, values...);
-    };
-    std::apply(write, std::tuple_cat(SSpread::Spread(arguments)...));
+    std::apply([&](const auto&... values) { WriteValues(saver, format, values...); },
+               std::tuple_cat(SSpread::Spread(arguments)...));
 }
 
 /// Opens a block on construction and closes it on destruction.

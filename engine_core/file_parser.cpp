@@ -288,14 +288,15 @@ void CFile_Parser::Adopt(const unsigned char* newbytes, std::size_t newsize, std
     error = 0;
     encoding = EEncoding::Utf8;
     begin = 0;
-    if (heldend >= 3 && bytes[0] == 0xEF && bytes[1] == 0xBB && bytes[2] == 0xBF)
+    const std::string_view start(reinterpret_cast<const char*>(newbytes), std::min<std::size_t>(newheldsize, 3));
+    if (start.starts_with("\xEF\xBB\xBF"))
         begin = 3;
-    else if (heldend >= 2 && bytes[0] == 0xFF && bytes[1] == 0xFE)
+    else if (start.starts_with("\xFF\xFE"))
     {
         encoding = EEncoding::Utf16LittleEndian;
         begin = 2;
     }
-    else if (heldend >= 2 && bytes[0] == 0xFE && bytes[1] == 0xFF)
+    else if (start.starts_with("\xFE\xFF"))
     {
         encoding = EEncoding::Utf16BigEndian;
         begin = 2;

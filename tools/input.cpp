@@ -45,6 +45,8 @@ CInput::CInput(const std::filesystem::path& path, const std::string& formatname)
     if (const long open = parser.GetBlockDepth(); open > 0)
         std::cerr << "asset_tool: warning: " << name << " leaves " << open << (open == 1 ? " block" : " blocks")
                   << " open; it may be cut off. What was read is kept.\n";
+    size = parser.GetSize();
+    parser.DestroyData(); // so that the file may be replaced by the output
 }
 
 void CInput::Open(const std::filesystem::path& path)

@@ -35,7 +35,7 @@ class CInput
     /// Bytes of the text.
     std::size_t GetSize() const
     {
-        return parser.GetSize();
+        return size;
     }
 
   private:
@@ -44,7 +44,8 @@ class CInput
 
     std::string name;
     std::string standardinput;
-    CFile_Parser parser;
+    CFile_Parser parser; ///< Until the asset is loaded.
+    std::size_t size = 0;
     const SAssetFormat* format = nullptr;
     std::unique_ptr<CAsset> asset;
 };

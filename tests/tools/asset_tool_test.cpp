@@ -1,4 +1,5 @@
 /// asset_tool as its users meet it: arguments in, exit status, streams and files out.
+#include "core/file_parser.h"
 #include "tests/support/tool.h"
 
 #include <array>
@@ -25,6 +26,10 @@ TEST_F(AssetTool, ConvertsToFileAndToStandardOutput)
     EXPECT_EQ(tofile.status, 0) << tofile.err;
     EXPECT_EQ(tofile.out, "");
     EXPECT_EQ(ReadFile(result), expected);
+
+    const fs::path itself = Make("itself.ase", std::string(CFile_Parser::PieceSize * 2, '\n') + ReadFile(sample));
+    EXPECT_EQ(Run("convert " + itself.string() + " -o " + itself.string()).status, 0);
+    EXPECT_EQ(ReadFile(itself), expected);
 
     const SRun fromstdin = Run("convert - <" + sample);
     EXPECT_EQ(fromstdin.status, 0) << fromstdin.err;

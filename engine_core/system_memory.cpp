@@ -113,8 +113,10 @@ void* ResizeMemory(void* block, std::size_t, std::size_t newsize)
         return std::realloc(block, newsize);
     if (block != nullptr && malloc_usable_size(block) >= newsize)
         return block;
-    void* const grown = std::realloc(block, newsize + newsize / 4);
-    return AdviseLargePages(grown != nullptr ? grown : std::realloc(block, newsize), newsize);
+    const std::size_t roomysize = newsize + newsize / 4;
+    if (void* const grown = std::realloc(block, roomysize))
+        return AdviseLargePages(grown, roomysize);
+    return std::realloc(block, newsize);
 }
 
 void ReleaseMemory(void* block)

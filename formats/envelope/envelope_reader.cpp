@@ -3,7 +3,6 @@
 #include "core/file_saver.h"
 #include "core/memory_manager.h"
 #include "core/numbers.h"
-#include "core/word_helpers.h"
 #include "formats/envelope/envelope_messages.h"
 
 #include <algorithm>
@@ -250,9 +249,9 @@ bool CEnvelopeReader::ReadExcludedVertex()
 }
 
 /// Whether the line's first word is the keyword, which is then removed with the blanks behind it.
-bool CEnvelopeReader::Strip(std::wstring_view keyword)
+bool CEnvelopeReader::Strip(SKeyword keyword)
 {
-    if (keyword.size() != wordlength || keyword != std::wstring_view(rest, wordlength))
+    if (keyword.length != wordlength || std::wmemcmp(keyword.text, rest, wordlength) != 0)
         return false;
     rest += SkipBlanks(rest + wordlength) - rest;
     return true;
@@ -263,7 +262,7 @@ void CEnvelopeReader::StripWord()
     rest += SkipBlanks(FindWordEnd(rest)) - rest;
 }
 
-template <class T> bool CEnvelopeReader::Read(std::wstring_view keyword, T& value)
+template <class T> bool CEnvelopeReader::Read(SKeyword keyword, T& value)
 {
     if (!Strip(keyword))
         return false;

@@ -2,9 +2,8 @@
 #pragma once
 
 #include "core/file_parser.h"
+#include "core/word_helpers.h"
 #include "formats/envelope/envelope.h"
-
-#include <string_view>
 
 /// Appends the records of one text to a document. The text has no sections: every keyword is known on any
 /// line, and fills the bone, vertex or exclusion list that was begun last.
@@ -35,9 +34,9 @@ class CEnvelopeReader
     void ReadExcludedVertices();
     bool ReadExcludedVertex();
 
-    bool Strip(std::wstring_view keyword);
+    bool Strip(SKeyword keyword);
     void StripWord();
-    template <class T> bool Read(std::wstring_view keyword, T& value);
+    template <class T> bool Read(SKeyword keyword, T& value);
 
     void Scan(std::int32_t& value);
     void Scan(std::uint32_t& value);

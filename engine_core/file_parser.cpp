@@ -272,8 +272,10 @@ Result CFile_Parser::Add(const CFile_Parser& source)
     std::swap(ownbytes, copy.ownbytes);
     std::swap(blocksize, copy.blocksize);
     Adopt(ownbytes, count, count);
-    encoding = sourceencoding; // the rest of a text has no mark to tell it
+    // The rest of a text has no mark; what looks like one belongs to it.
+    encoding = sourceencoding;
     begin = 0;
+    countedoffset = 0;
     FindPlainEnd(0);
     return Reset();
 }

@@ -215,6 +215,16 @@ TEST(FileParser, TakesWhatAnotherHasStillToRead)
     EXPECT_EQ(copy.GetBlockLine(line), 1);
     EXPECT_STREQ(line, L"second");
 
+    const std::string text = InUtf16(u"x\n\uBBEF\u00BF\nlast", false); // a mark of UTF-8 from the second line on
+    CFile_Parser source;
+    source.Open(text.data(), text.size());
+    source.SetOffset(6);
+    EXPECT_EQ(copy.Add(source), 1);
+    EXPECT_EQ(copy.GetBlockLine(line), 1);
+    EXPECT_STREQ(line, L"\uBBEF\u00BF");
+    EXPECT_EQ(copy.GetBlockLine(line), 1);
+    EXPECT_EQ(copy.GetLineNumber(), 2U);
+
     FailAllocations(0, 1);
     CFile_Parser other;
     EXPECT_EQ(other.Add(copy), 0);

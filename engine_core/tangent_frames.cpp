@@ -118,8 +118,8 @@ struct STriangle
 };
 
 /// The edges from corner A to B and to C; false when an index leads outside the list.
-bool GetEdges(const TArray<SGraphics_Face>& faces, std::size_t index, const TArray<CMath_Vector3>& points,
-              SVector (&edges)[2])
+[[gnu::always_inline]] inline bool GetEdges(const TArray<SGraphics_Face>& faces, std::size_t index,
+                                            const TArray<CMath_Vector3>& points, SVector (&edges)[2])
 {
     if (index >= faces.NumItems)
         return false;

@@ -20,7 +20,8 @@
 ///         that is "}" alone closes one. No other brace counts.
 /// Position: an offset in bytes. After a line it stands at the line's end, before the characters
 ///         that end it; the next call skips them.
-/// Memory: a large file is read piece by piece while its lines are taken, and stays open until then. Only the
+/// Memory: a large file is read piece by piece while its lines are taken, and stays open until DestroyData, another
+///         text or the end of the parser. Only the
 ///         piece around the position is in memory, and the whole of a line.
 /// Owns:   its bytes, unless Open was told to use the caller's. Not for copying.
 class ENGINE_CORE_API CFile_Parser

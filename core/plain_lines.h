@@ -8,16 +8,21 @@
 
 #include "core/block_reader.h"
 
-/// The lines that follow the one a block reader stands on, as long as they are plain.
+/// The lines that follow the one a reader stands on, as long as they are plain.
 ///
 /// An operation that meets something else returns false, as EndLine then does too: what was read from a
 /// line counts only when EndLine has returned true.
 class CPlainLines
 {
   public:
-    explicit CPlainLines(const CBlockReader& block) : parser(block.GetParser())
+    explicit CPlainLines(const CBlockReader& block) : CPlainLines(block.GetParser(), block.GoesOn())
     {
-        const std::string_view text = block.GoesOn() ? parser->GetPlainText() : std::string_view();
+    }
+
+    /// goeson: whether the lines behind the parser's last one are to be read at all.
+    explicit CPlainLines(CFile_Parser* newparser, bool goeson = true) : parser(newparser)
+    {
+        const std::string_view text = goeson ? parser->GetPlainText() : std::string_view();
         begin = read = at = text.data();
         end = begin + text.size();
     }
@@ -64,6 +69,27 @@ class CPlainLines
     {
         const char* const word = at;
         return PassWord() && at != word;
+    }
+
+    /// Removes the character when it is the next one.
+    bool Take(char character)
+    {
+        const bool isnext = *at == character;
+        at += isnext ? 1 : 0;
+        return isnext;
+    }
+
+    /// Characters of the line up to here.
+    std::size_t GetLength() const
+    {
+        return static_cast<std::size_t>(at - first);
+    }
+
+    /// Passes over numbers and what stands between them.
+    void PassNumbers()
+    {
+        while ((*at >= ' ' && *at <= ';') || *at == '\t')
+            ++at;
     }
 
     bool Scan(std::int32_t& value)

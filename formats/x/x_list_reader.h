@@ -34,9 +34,10 @@ class CXListReader
         return index < count && (!isended || CouldHold(index, count, liststart));
     }
 
-    /// Reads the next entry: numbers with a ';' between them. Those that are missing stay as they are.
+    /// Reads the next entry: numbers with a ';' between them. Those that are missing are 0.
     template <class... TFloats> void ReadVector(TFloats&... numbers)
     {
+        ((numbers = 0.0F), ...);
         if (!BeginEntry())
             return;
         bool isfirst = true;
@@ -56,6 +57,8 @@ class CXListReader
     void ReadCorners(TArray<int>& corners);
 
   private:
+    friend class CXPlainList;
+
     struct SMarks
     {
         unsigned semicolons = 0;
@@ -101,6 +104,25 @@ class CXListReader
         const bool ismark = *at == mark || *at == othermark;
         at += ismark ? 1 : 0;
         return (ismark && BeginsNumber(*at)) || FindNumber(ismark, mark, othermark);
+    }
+
+    /// Moves to the line's end when nothing but marks is left of it; false, unmoved, else.
+    bool EndLine()
+    {
+        const wchar_t* const before = at;
+        PassMarks();
+        if (EndsLine() && !isended)
+            return true;
+        at = before;
+        return false;
+    }
+
+    /// Counts in the next line, which has been read elsewhere; the buffer holds no line then.
+    void PassLine(std::size_t length)
+    {
+        charactersbefore = GetPosition() + 1 + length;
+        at = line;
+        *line = L'\0';
     }
 
     bool FindNumber(bool ismarkpassed, wchar_t mark, wchar_t othermark);

@@ -1,7 +1,7 @@
 #include "formats/x/x_mesh.h"
 
 #include "core/block_writer.h"
-#include "formats/x/x_list_reader.h"
+#include "formats/x/x_plain_list.h"
 
 #include <algorithm>
 
@@ -19,44 +19,77 @@ template <class TElement> TElement* AddEntry(TArray<TElement>& elements, std::ui
     return element;
 }
 
-void ReadVectors(CXListReader& list, TArray<CMath_Vector3>& vectors)
+/// Reads a list: `read` takes an entry from a line, `keep` stores it at its index.
+/// announce: hears of each entry's index first.
+template <class TEntry, class TAnnounce, class TRead, class TKeep>
+void ReadList(CXListReader& list, TAnnounce announce, TRead read, TKeep keep)
+{
+    TEntry entry;
+    const std::uint32_t count = list.ReadCount();
+    for (std::uint32_t i = 0; list.HasEntry(i, count);)
+    {
+        announce(i);
+        read(list, entry);
+        keep(i++, entry);
+        for (CXPlainList plainlist(list); i < count && plainlist.NextEntry(); ++i)
+        {
+            if (!read(plainlist, entry) || !plainlist.EndEntry())
+                break;
+            announce(i);
+            keep(i, entry);
+        }
+    }
+}
+
+template <class TRead> void ReadVectors(CXListReader& list, TArray<CMath_Vector3>& vectors, TRead read)
 {
     vectors.DeleteAll();
-    const std::uint32_t count = list.ReadCount();
-    for (std::uint32_t i = 0; list.HasEntry(i, count); ++i)
-    {
-        CMath_Vector3 vector;
-        list.ReadVector(vector.x, vector.y, vector.z);
-        if (CMath_Vector3* const entry = AddEntry(vectors, i))
-            *entry = vector;
-    }
+    ReadList<CMath_Vector3>(
+        list, [](std::uint32_t) {}, read,
+        [&](std::uint32_t index, const CMath_Vector3& vector)
+        {
+            if (CMath_Vector3* const entry = AddEntry(vectors, index))
+                *entry = vector;
+        });
+}
+
+void ReadSpaceVectors(CXListReader& list, TArray<CMath_Vector3>& vectors)
+{
+    ReadVectors(list, vectors,
+                [](auto& line, CMath_Vector3& vector) { return line.ReadVector(vector.x, vector.y, vector.z); });
 }
 
 void ReadTextureCoords(CXListReader& list, TArray<CMath_Vector3>& coords)
 {
-    coords.DeleteAll();
-    const std::uint32_t count = list.ReadCount();
-    for (std::uint32_t i = 0; list.HasEntry(i, count); ++i)
-    {
-        CMath_Vector3 vector;
-        list.ReadVector(vector.x, vector.y);
-        if (CMath_Vector3* const entry = AddEntry(coords, i))
-            *entry = vector;
-    }
+    ReadVectors(list, coords, [](auto& line, CMath_Vector3& vector) { return line.ReadVector(vector.x, vector.y); });
 }
 
 void ReadFaces(CXListReader& list, TArray<CFileFormat_XRecords::SMeshPolygon>& faces)
 {
-    TArray<int> corners;
-    const std::uint32_t count = list.ReadCount();
-    for (std::uint32_t i = 0; list.HasEntry(i, count); ++i)
+    ReadList<TArray<int>>(
+        list,
+        [](std::uint32_t index)
+        {
+            if (Log->Accepts(1))
+                Log->Write(1, L"addpoly: %d", static_cast<std::int32_t>(index));
+        },
+        [](auto& line, TArray<int>& corners) { return line.ReadCorners(corners); },
+        [&](std::uint32_t index, const TArray<int>& corners)
+        {
+            CFileFormat_XRecords::SMeshPolygon* const face = AddEntry(faces, index);
+            if (face != nullptr && corners.NumItems != 0 && face->Indices.CreateMultiple(corners.NumItems) == 1)
+                std::copy(corners.begin(), corners.end(), face->Indices.begin());
+        });
+}
+
+/// Passes over the lines of a list that is not read.
+void PassNumbers(CFile_Parser* parser)
+{
+    for (CPlainLines lines(parser); lines.NextLine();)
     {
-        if (Log->Accepts(1))
-            Log->Write(1, L"addpoly: %d", static_cast<std::int32_t>(i));
-        list.ReadCorners(corners);
-        CFileFormat_XRecords::SMeshPolygon* const face = AddEntry(faces, i);
-        if (face != nullptr && corners.NumItems != 0 && face->Indices.CreateMultiple(corners.NumItems) == 1)
-            std::copy(corners.begin(), corners.end(), face->Indices.begin());
+        lines.PassNumbers();
+        if (!lines.EndLine())
+            break;
     }
 }
 } // namespace
@@ -70,20 +103,17 @@ Result CFileFormat_XRecords::CXMesh::Load(CFile_Parser* parser, CFile_IOCallback
 
     wchar_t line[CFile_Parser::BlockLineCapacity];
     CXListReader block(parser, line);
-    ReadVectors(block, Vertices);
+    ReadSpaceVectors(block, Vertices);
     ReadFaces(block, Faces);
 
-    // Most of the lines are numbers, so a look at the first letter comes before the words. The second test is
-    // made on the line that the first one left: a list of normals that is shorter than its count may have run
-    // into the heading of the texture coordinates.
-    while (parser->GetLine(line, CFile_Parser::BlockLineCapacity) == 1)
+    // The second test is made on the line that the first one left: a list of normals that is shorter than its
+    // count may have run into the heading of the texture coordinates.
+    for (; parser->GetLine(line, CFile_Parser::BlockLineCapacity) == 1; PassNumbers(parser))
     {
-        if (*line != L'M')
-            continue;
         if (RecognizeWord(L"MeshNormals", line) != 0)
         {
             CXListReader list(parser, line);
-            ReadVectors(list, Normals);
+            ReadSpaceVectors(list, Normals);
         }
         if (RecognizeWord(L"MeshTextureCoords", line) != 0)
         {

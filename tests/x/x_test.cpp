@@ -2,7 +2,7 @@
 #include "formats/x/x.h"
 
 #include "core/numbers.h"
-#include "tests/support/documents.h"
+#include "tests/support/odd_lines.h"
 
 #include <gtest/gtest.h>
 
@@ -43,6 +43,15 @@ CMesh LoadMesh(std::string_view text)
     CFileFormat_X document;
     EXPECT_EQ(LoadText(document, text), 1);
     return document.Meshes.GetNumItems() == 1 ? *document.Meshes[0] : CMesh();
+}
+
+/// The mesh, and what the log heard of it.
+std::string Describe(std::string_view text)
+{
+    CLogWatch log(1);
+    const CMesh mesh = LoadMesh(text);
+    return Show(mesh.Vertices) + "\n" + Show(mesh.Faces) + "\n" + Show(mesh.Normals) + "\n" + Show(mesh.TextureCoords) +
+           "\n" + log.GetText();
 }
 
 constexpr std::string_view Quad = "Mesh q {\n4;\n0;0;0;,\n1;0;0;,\n1;1;0;,\n0;1;0;;\n1;\n4;0,1,2,3;;\n"
@@ -136,6 +145,7 @@ TEST_P(XLayout, IsRead)
     EXPECT_EQ(Show(mesh.Faces), layout.faces);
     EXPECT_EQ(Show(mesh.Normals), layout.normals);
     EXPECT_EQ(Show(mesh.TextureCoords), layout.coords);
+    EXPECT_TRUE(IsReadInPlaceAsLineByLine(layout.text, Describe));
 }
 
 static const SLayout kLayouts[] = {
@@ -177,6 +187,27 @@ static const SLayout kLayouts[] = {
 
 INSTANTIATE_TEST_SUITE_P(X, XLayout, testing::ValuesIn(kLayouts),
                          [](const testing::TestParamInfo<SLayout>& row) { return std::string(row.param.name); });
+
+TEST(X, ReadsListsInPlaceAsLineByLine)
+{
+    // A list of so many entries; the last pattern is of lines that nobody reads.
+    static constexpr const char* lists[][2] = {
+        {"Mesh {\n", "0.5;@;2;,"},
+        {"Mesh {\n", "\t-4;@;\t0.5;, \t  "},
+        {"Mesh {\n0;\n", "4;0,1,@,3;,"},
+        {"Mesh {\n0;\n", "@;0,1,2;3; ;,"},
+        {"Mesh {\n0;\n0;\nMeshTextureCoords {\n", "0.5;@;,"},
+        {"Mesh {\n0;\n0;\n0;\n", "4;0,1,@,3;,"},
+    };
+    for (const auto& [heading, entry] : lists)
+        for (const std::string& oddity : GetOddities())
+            for (const char* const count : {"2;\n", "3;\n", "5;\n", "100;\n"})
+                for (const char* const behind :
+                     {"",
+                      "7;8;9;;\n1;\n2;0,1;;\nMeshNormals {\n1;\n2;3;4;;\n}\nMeshTextureCoords {\n1;\n6;7;;\n}\n}\n"})
+                    EXPECT_TRUE(IsReadInPlaceAsLineByLine(
+                        std::string(heading) + count + WriteOddLines(entry, oddity) + behind, Describe));
+}
 
 TEST(XHostile, LyingCountsAreCutToWhatTheTextCanHold)
 {

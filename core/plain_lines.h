@@ -54,6 +54,23 @@ class CPlainLines
         return true;
     }
 
+    /// Whether the line goes on with the keyword, whatever follows it.
+    [[gnu::always_inline]] bool BeginsWith(SKeyword keyword) const
+    {
+        // There are at least as many bytes. Words at a time; the last one may overlap the one before it.
+        if (keyword.length >= 8)
+        {
+            std::uint64_t difference = Differ(keyword, keyword.length - 8);
+            for (std::size_t i = 0; i + 8 < keyword.length; i += 8)
+                difference |= Differ(keyword, i);
+            return difference == 0;
+        }
+        for (std::size_t i = 0; i < keyword.length; ++i)
+            if (at[i] != static_cast<char>(keyword.text[i]))
+                return false;
+        return true;
+    }
+
     /// Whether the line's first word is the keyword, which is then removed with the blanks behind it.
     [[gnu::always_inline]] bool Strip(SKeyword keyword)
     {
@@ -69,6 +86,12 @@ class CPlainLines
     {
         const char* const word = at;
         return PassWord() && at != word;
+    }
+
+    /// Whether the word goes on here.
+    bool IsInWord() const
+    {
+        return *at > ' ';
     }
 
     /// Removes the character when it is the next one.
@@ -141,23 +164,6 @@ class CPlainLines
         isplain = isplain && (IsBlank(*at) || IsLineEnd(*at));
         PassBlanks();
         return isplain;
-    }
-
-    /// Whether the text goes on with the keyword. There are at least as many bytes as a keyword has.
-    [[gnu::always_inline]] bool BeginsWith(SKeyword keyword) const
-    {
-        // Words at a time; the last one may overlap the one before it.
-        if (keyword.length >= 8)
-        {
-            std::uint64_t difference = Differ(keyword, keyword.length - 8);
-            for (std::size_t i = 0; i + 8 < keyword.length; i += 8)
-                difference |= Differ(keyword, i);
-            return difference == 0;
-        }
-        for (std::size_t i = 0; i < keyword.length; ++i)
-            if (at[i] != static_cast<char>(keyword.text[i]))
-                return false;
-        return true;
     }
 
     /// Zero when the keyword's eight characters from `i` on are those of the text. Where the keyword is a

@@ -3,7 +3,7 @@
 
 #include "core/numbers.h"
 #include "tests/hostile/fields.h"
-#include "tests/support/documents.h"
+#include "tests/support/odd_lines.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -123,6 +123,13 @@ std::string ShowDocument(const CFileFormat_Envelope& document)
            std::to_string(document.exclusionLists.GetNumItems());
 }
 
+std::string Describe(std::string_view text)
+{
+    CFileFormat_Envelope document;
+    LoadEnvelope(document, text);
+    return ShowFields(document);
+}
+
 class EnvelopeLine : public testing::TestWithParam<SLines>
 {
 };
@@ -131,8 +138,10 @@ class EnvelopeLine : public testing::TestWithParam<SLines>
 TEST_P(EnvelopeLine, IsRead)
 {
     CFileFormat_Envelope document;
-    LoadEnvelope(document, "[boneName] a\n[vertex0]\nvertexWeightCount 1\n" + std::string(GetParam().lines));
+    const std::string text = "[boneName] a\n[vertex0]\nvertexWeightCount 1\n" + std::string(GetParam().lines);
+    LoadEnvelope(document, text);
     EXPECT_THAT(GetParam().show(document), HasSubstr(GetParam().shown));
+    EXPECT_TRUE(IsReadInPlaceAsLineByLine(text, Describe));
 }
 
 static const SLines kLines[] = {
@@ -182,6 +191,31 @@ static const SLines kLines[] = {
 
 INSTANTIATE_TEST_SUITE_P(Envelope, EnvelopeLine, testing::ValuesIn(kLines),
                          [](const testing::TestParamInfo<SLines>& row) { return std::string(row.param.name); });
+
+TEST(Envelope, ReadsVerticesInPlaceAsLineByLine)
+{
+    static constexpr const char* entries[] = {
+        "vertexIsRigid @",
+        "vertexLocalPosition 0.5 @ 2",
+        "vertexLocalPosition 0.5 2 @",
+        "vertexWeightCount @",
+        "vertexWeightCount 3\nvertexWeight @,1 2,0.5 3,0.25",
+        "vertexSplineData @ 0.5",
+        "vertexWeightCount 3\nvertexWeight 1,@ 2,0.5 3,0.25",
+        "[vertex@]",
+        "vertexWeightCount 3\nvertexWeight 1,0.25 2,0.5 3,@",
+        "\t[vertex1]\nver @",
+        "[vertex1]\nvertexWeightCount 2\nvertexWeight 1,0.25 2,0.5 @",
+        "vertexIsModified@ 2",
+        "vertexIsUnNormalized 1\nvertexIsRigidHandle @",
+    };
+    for (const std::string entry : entries)
+        for (const std::string& oddity : GetOddities())
+            for (const char* const behind : {"", "vertexIsRigid 7\n[vertex8]\nvertexWeightCount 1\nvertexWeight 8,1\n"})
+                EXPECT_TRUE(IsReadInPlaceAsLineByLine("[boneName] a\nvertexIsRigid 1\nvertexIsRigid 2\n[vertex0]\n" +
+                                                          WriteOddLines(entry, oddity) + behind,
+                                                      Describe));
+}
 
 TEST(Envelope, LinesWithoutTheirRecordAreSkipped)
 {

@@ -104,8 +104,8 @@ void* ObtainMemory(std::size_t size)
     return AdviseLargePages(std::malloc(size), size);
 }
 
-// A block that has grown large gets a quarter more than was asked for, so that growing on by small steps
-// does not go to the system each time; memory that nobody writes to costs nothing.
+// A block that has grown large gets twice what was asked for, so that growing on by small steps neither goes to
+// the system nor copies each time; memory that nobody writes to costs nothing.
 void* ResizeMemory(void* block, std::size_t, std::size_t newsize)
 {
     constexpr std::size_t largesize = std::size_t{64} * 1024;
@@ -113,7 +113,7 @@ void* ResizeMemory(void* block, std::size_t, std::size_t newsize)
         return std::realloc(block, newsize);
     if (block != nullptr && malloc_usable_size(block) >= newsize)
         return block;
-    const std::size_t roomysize = newsize + newsize / 4;
+    const std::size_t roomysize = newsize * 2;
     if (void* const grown = std::realloc(block, roomysize))
         return AdviseLargePages(grown, roomysize);
     return std::realloc(block, newsize);

@@ -3,12 +3,13 @@
 #include "core/graphics_mesh.h"
 #include "engine_core/face_space_corners.h"
 
+#include <algorithm>
 #include <cmath>
-#include <span>
+#include <limits>
 
 namespace
 {
-/// Two numbers that are worked on at once.
+/// The numbers of two triangles that are worked on at once.
 using SPair = double __attribute__((vector_size(16)));
 
 SPair MakePair(double one, double other)
@@ -76,21 +77,30 @@ SPair SquareRoot(SPair pair)
     return MakePair(std::sqrt(pair[0]), std::sqrt(pair[1]));
 }
 
-bool HasDirection(double square, double smallest)
+/// Whether the number is, or both of a pair are.
+bool IsFiniteAbove(double number, double smallest)
 {
-    return square > smallest && std::isfinite(square);
+    return number > smallest && std::isfinite(number);
 }
 
-bool HasDirection(SPair squares, double smallest)
+bool IsFiniteAbove(SPair numbers, double smallest)
 {
-    return HasDirection(squares[0], smallest) && HasDirection(squares[1], smallest);
+    const auto isright = (numbers > smallest) & (numbers <= std::numeric_limits<double>::max());
+    return (isright[0] & isright[1]) != 0;
+}
+
+/// -1 for what is below zero, else 1.
+template <class TNumber> TNumber GetSign(TNumber number)
+{
+    const TNumber one = TNumber{} + 1.0;
+    return number < 0.0 ? -one : one;
 }
 
 /// Makes the vector, or both of a pair, length 1; false, nothing changed, when one has no direction.
 template <class TNumber> bool Normalize(TVector<TNumber>& vector, double smallest = 0.0)
 {
     const TNumber square = Dot(vector, vector);
-    if (!HasDirection(square, smallest))
+    if (!IsFiniteAbove(square, smallest))
         return false;
     vector = vector * (1.0 / SquareRoot(square));
     return true;
@@ -108,13 +118,13 @@ SVector GetPerpendicular(const SVector& unit)
     return perpendicular;
 }
 
-/// What all three corners of a triangle share.
-struct STriangle
+/// What all three corners of a triangle share; of pairs, what those of two triangles do.
+template <class TNumber> struct TTriangle
 {
-    SVector normal;          ///< As the corners' order gives it, of any length; zero when there is none.
-    SVector tangent;         ///< Where u grows, of length 1.
-    bool hastexture = false; ///< Whether there is such a direction.
-    bool isreversed = false; ///< Whether the corners go round the other way in the texture.
+    TVector<TNumber> normal;  ///< As the corners' order gives it, of any length; zero when there is none.
+    TVector<TNumber> tangent; ///< Where u grows, of length 1.
+    bool hastexture = false;  ///< Whether there is such a direction.
+    TNumber orientation = {}; ///< With texture: -1 where the corners go round the other way in it, else 1.
 };
 
 /// The edges from corner A to B and to C; false when an index leads outside the list.
@@ -132,29 +142,40 @@ struct STriangle
     return true;
 }
 
-STriangle SolveTriangle(const CGraphics_Mesh& mesh, std::size_t index)
+/// The same for the triangle and the next one.
+[[gnu::always_inline]] inline bool GetEdges(const TArray<SGraphics_Face>& faces, std::size_t index,
+                                            const TArray<CMath_Vector3>& points, TVector<SPair> (&edges)[2])
 {
-    STriangle triangle;
-    SVector edges[2];
+    SVector one[2];
+    SVector other[2];
+    if (!GetEdges(faces, index, points, one) || !GetEdges(faces, index + 1, points, other))
+        return false;
+    edges[0] = Pair(one[0], other[0]);
+    edges[1] = Pair(one[1], other[1]);
+    return true;
+}
+
+template <class TNumber> TTriangle<TNumber> SolveTriangle(const CGraphics_Mesh& mesh, std::size_t index)
+{
+    TTriangle<TNumber> triangle;
+    TVector<TNumber> edges[2];
     if (!GetEdges(mesh.Faces, index, mesh.Vertices, edges))
         return triangle;
     triangle.normal = Cross(edges[0], edges[1]);
 
     // The edges are known both in space and in the texture, so the direction of u is the solution of two
     // linear equations. Its length does not matter, only the sign of the determinant does.
-    SVector steps[2];
+    TVector<TNumber> steps[2];
     if (!GetEdges(mesh.TextureFaces, index, mesh.TextureVertices, steps))
         return triangle;
-    const double determinant = steps[0].x * steps[1].y - steps[1].x * steps[0].y;
-    triangle.tangent = edges[0] * steps[1].y - edges[1] * steps[0].y;
-    triangle.isreversed = determinant < 0.0;
-    if (triangle.isreversed)
-        triangle.tangent = triangle.tangent * -1.0;
-    triangle.hastexture = determinant != 0.0 && std::isfinite(determinant) && Normalize(triangle.tangent);
+    const TNumber determinant = steps[0].x * steps[1].y - steps[1].x * steps[0].y;
+    triangle.orientation = GetSign(determinant);
+    triangle.tangent = (edges[0] * steps[1].y - edges[1] * steps[0].y) * triangle.orientation;
+    triangle.hastexture = IsFiniteAbove(determinant * triangle.orientation, 0.0) && Normalize(triangle.tangent);
     return triangle;
 }
 
-SVector ChooseNormal(const CMath_Vector3& cornernormal, const CMath_Vector3& facenormal, const STriangle& triangle)
+SVector ChooseNormal(const CMath_Vector3& cornernormal, const CMath_Vector3& facenormal, const SVector& trianglenormal)
 {
     SVector normal = Widen(cornernormal);
     if (Normalize(normal))
@@ -162,7 +183,7 @@ SVector ChooseNormal(const CMath_Vector3& cornernormal, const CMath_Vector3& fac
     normal = Widen(facenormal);
     if (Normalize(normal))
         return normal;
-    normal = triangle.normal;
+    normal = trianglenormal;
     return Normalize(normal) ? normal : SVector{0, 0, 1};
 }
 
@@ -177,53 +198,61 @@ bool Orthogonalize(const TVector<TNumber>& tangent, const TVector<TNumber>& norm
     return Normalize(along, SmallestSquare);
 }
 
-double GetHandedness(const SVector& normal, const STriangle& triangle)
+/// The binormal for a tangent of a triangle with texture.
+template <class TNumber>
+TVector<TNumber> GetBinormal(const TTriangle<TNumber>& triangle, const TVector<TNumber>& normal,
+                             const TVector<TNumber>& along)
 {
-    const bool isbackwards = Dot(normal, triangle.normal) < 0.0;
-    return triangle.hastexture && triangle.isreversed != isbackwards ? -1.0 : 1.0;
+    return Cross(normal, along) * (triangle.orientation * GetSign(Dot(normal, triangle.normal)));
 }
 
-void SetFrame(const SVector& normal, const STriangle& triangle, CMath_Vector3& tangent, CMath_Vector3& binormal)
+void SetFrames(CGraphics_Mesh& mesh, std::size_t index)
 {
-    SVector along;
-    if (!triangle.hastexture || !Orthogonalize(triangle.tangent, normal, along))
-        along = GetPerpendicular(normal);
-    tangent = Narrow(along);
-    binormal = Narrow(Cross(normal, along) * GetHandedness(normal, triangle));
+    CGraphics_FaceSpace& space = mesh.FaceSpaces.Items[index];
+    const auto triangle = SolveTriangle<double>(mesh, index);
+    for (const SFaceSpaceCorner& corner : FaceSpaceCorners)
+    {
+        const SVector normal = ChooseNormal(space.*corner.normal, space.FaceNormal, triangle.normal);
+        SVector along;
+        if (!triangle.hastexture || !Orthogonalize(triangle.tangent, normal, along))
+            along = GetPerpendicular(normal);
+        space.*corner.tangent = Narrow(along);
+        space.*corner.binormal =
+            Narrow(triangle.hastexture ? GetBinormal(triangle, normal, along) : Cross(normal, along));
+    }
 }
 
-/// The same for two corners at once, with their own normals; false, nothing set, when one of them lacks
+/// The same for this triangle and the next at once; false, their frames still to be set, when one of them lacks
 /// what a frame needs.
-bool SetTwoFrames(CGraphics_FaceSpace& space, const STriangle& triangle)
+bool SetFramesOfTwo(CGraphics_Mesh& mesh, std::size_t index)
 {
-    TVector<SPair> normals = Pair(Widen(space.NormalA), Widen(space.NormalB));
-    TVector<SPair> along;
-    if (!triangle.hastexture || !Normalize(normals) ||
-        !Orthogonalize(Pair(triangle.tangent, triangle.tangent), normals, along))
+    const auto triangles = SolveTriangle<SPair>(mesh, index);
+    if (!triangles.hastexture)
         return false;
-    const SPair handedness = {GetHandedness(GetOfPair(normals, 0), triangle),
-                              GetHandedness(GetOfPair(normals, 1), triangle)};
-    const TVector<SPair> across = Cross(normals, along) * handedness;
-    space.TangentA = Narrow(GetOfPair(along, 0));
-    space.TangentB = Narrow(GetOfPair(along, 1));
-    space.BinormalA = Narrow(GetOfPair(across, 0));
-    space.BinormalB = Narrow(GetOfPair(across, 1));
+    CGraphics_FaceSpace& one = mesh.FaceSpaces.Items[index];
+    CGraphics_FaceSpace& other = mesh.FaceSpaces.Items[index + 1];
+    for (const SFaceSpaceCorner& corner : FaceSpaceCorners)
+    {
+        TVector<SPair> normals = Pair(Widen(one.*corner.normal), Widen(other.*corner.normal));
+        TVector<SPair> along;
+        if (!Normalize(normals) || !Orthogonalize(triangles.tangent, normals, along))
+            return false;
+        const TVector<SPair> across = GetBinormal(triangles, normals, along);
+        one.*corner.tangent = Narrow(GetOfPair(along, 0));
+        other.*corner.tangent = Narrow(GetOfPair(along, 1));
+        one.*corner.binormal = Narrow(GetOfPair(across, 0));
+        other.*corner.binormal = Narrow(GetOfPair(across, 1));
+    }
     return true;
 }
 } // namespace
 
 Result CGraphics_Mesh::CalculateTangentsAndBinormals()
 {
-    for (std::size_t i = 0; i < FaceSpaces.NumItems; ++i)
-    {
-        CGraphics_FaceSpace& space = FaceSpaces.Items[i];
-        const STriangle triangle = SolveTriangle(*this, i);
-        const std::span corners(FaceSpaceCorners);
-        for (const SFaceSpaceCorner& corner : corners.subspan(SetTwoFrames(space, triangle) ? 2 : 0))
-        {
-            const SVector normal = ChooseNormal(space.*corner.normal, space.FaceNormal, triangle);
-            SetFrame(normal, triangle, space.*corner.tangent, space.*corner.binormal);
-        }
-    }
+    const std::size_t count = FaceSpaces.NumItems;
+    for (std::size_t i = 0; i < count; i += 2)
+        if (i + 1 == count || !SetFramesOfTwo(*this, i))
+            for (std::size_t j = i; j < std::min(i + 2, count); ++j)
+                SetFrames(*this, j);
     return 1;
 }

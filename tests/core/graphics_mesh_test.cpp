@@ -5,8 +5,11 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstring>
+#include <iterator>
 #include <limits>
 #include <random>
+#include <vector>
 
 namespace
 {
@@ -38,24 +41,30 @@ CMath_Vector3 Combine(const CMath_Vector3& one, float factor, const CMath_Vector
             one.z * factor + other.z * otherfactor};
 }
 
-/// A mesh of one triangle with its frames calculated.
-CGraphics_FaceSpace Solve(const SCorner (&corners)[3], const CMath_Vector3& facenormal = {0, 0, 1})
+void AddTriangle(CGraphics_Mesh& mesh, const SCorner (&corners)[3], const CMath_Vector3& facenormal)
 {
-    CGraphics_Mesh mesh;
+    const std::uint32_t first = mesh.Vertices.NumItems;
     for (const SCorner& corner : corners)
     {
         *mesh.Vertices.Add() = corner.position;
         *mesh.TextureVertices.Add() = corner.texture;
     }
-    *mesh.Faces.Add() = {0, 1, 2, 0};
-    *mesh.TextureFaces.Add() = {0, 1, 2, 0};
+    *mesh.Faces.Add() = {first, first + 1, first + 2, 0};
+    *mesh.TextureFaces.Add() = {first, first + 1, first + 2, 0};
     CGraphics_FaceSpace& space = *mesh.FaceSpaces.Add();
     space.FaceNormal = facenormal;
     space.NormalA = corners[0].normal;
     space.NormalB = corners[1].normal;
     space.NormalC = corners[2].normal;
+}
+
+/// The frames of a mesh of one triangle.
+CGraphics_FaceSpace Solve(const SCorner (&corners)[3], const CMath_Vector3& facenormal = {0, 0, 1})
+{
+    CGraphics_Mesh mesh;
+    AddTriangle(mesh, corners, facenormal);
     EXPECT_EQ(mesh.CalculateTangentsAndBinormals(), 1);
-    return space;
+    return *mesh.FaceSpaces[0];
 }
 
 void ExpectOrthonormal(const CMath_Vector3& tangent, const CMath_Vector3& binormal)
@@ -189,6 +198,27 @@ TEST(TangentFrames, HostileTrianglesStillGetAFrame)
             EXPECT_NEAR(Dot(space.BinormalB, normal) / (std::fabs(normal.x) + 1), 0, 1e-6);
         }
     }
+}
+
+TEST(TangentFrames, AreThoseOfTheTriangleAlone)
+{
+    std::mt19937 random(5);
+    const auto number = [&] { return static_cast<float>(random() % 2001) / 1000.0F - 1.0F; };
+    const auto vector = [&] { return CMath_Vector3(number(), number(), number()); };
+    CGraphics_Mesh mesh;
+    std::vector<CGraphics_FaceSpace> alone;
+    for (int i = 0; i < 1001; ++i)
+    {
+        SHostileTriangle triangle = HostileTriangles[random() % std::size(HostileTriangles)];
+        if (random() % 3 != 0)
+            for (SCorner& corner : triangle.corners)
+                corner = {vector(), vector(), vector()};
+        AddTriangle(mesh, triangle.corners, triangle.facenormal);
+        alone.push_back(Solve(triangle.corners, triangle.facenormal));
+    }
+    mesh.CalculateTangentsAndBinormals();
+    for (std::size_t i = 0; i < alone.size(); ++i)
+        EXPECT_EQ(std::memcmp(mesh.FaceSpaces[i], &alone[i], sizeof(alone[i])), 0) << i;
 }
 
 TEST(TangentFrames, MissingFacesAndIndicesAreNotFollowed)

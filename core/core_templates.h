@@ -163,6 +163,22 @@ template <class T> class TArray
         return Create(count, count, count);
     }
 
+    /// Replaces the contents by `count` elements, all in use: make(index) for each index in order, called when
+    /// the old contents are gone. Returns 0, the array left empty, when there is no memory for them.
+    template <class TMake> Result CreateMultiple(unsigned long count, TMake make)
+    {
+        auto* const block = static_cast<T*>(ObtainNew(count, count));
+        if (block == nullptr)
+            return 0;
+        for (std::size_t i = 0; i < count; ++i)
+            new (block + i) T(make(i));
+        Items = block;
+        NumItems = static_cast<std::uint32_t>(count);
+        Capacity = NumItems;
+        Room = NumItems;
+        return 1;
+    }
+
     /// Destroys every element and releases the block; Step stays. Returns 1.
     Result DeleteAll()
     {
@@ -281,16 +297,24 @@ template <class T> class TArray
 
     Result Create(std::size_t slots, std::size_t real, std::size_t count)
     {
-        DeleteAll();
-        if (slots > std::numeric_limits<std::uint32_t>::max())
-            return 0;
-        void* const block = ObtainBlock(real * sizeof(T));
-        CArrayStorage::Register(block, slots * sizeof(T), CArrayStorage::CreatedBlockLine, 1);
+        void* const block = ObtainNew(slots, real);
         if (!SetRoom(block, static_cast<std::uint32_t>(real)))
             return 0;
         Capacity = static_cast<std::uint32_t>(slots);
         NumItems = static_cast<std::uint32_t>(count);
         return 1;
+    }
+
+    /// Lets go of the contents and obtains a block of `real` slots, which the registry is told are `slots`. Null, when
+    /// there is no memory.
+    void* ObtainNew(std::size_t slots, std::size_t real)
+    {
+        DeleteAll();
+        if (slots > std::numeric_limits<std::uint32_t>::max())
+            return nullptr;
+        void* const block = ObtainBlock(real * sizeof(T));
+        CArrayStorage::Register(block, slots * sizeof(T), CArrayStorage::CreatedBlockLine, 1);
+        return block;
     }
 
     void CopyItems(const TArray& other)

@@ -20,21 +20,21 @@ CMath_Vector3 FlipV(const CMath_Vector3& coordinate)
     return {coordinate.x, 1.0F - coordinate.y, coordinate.z};
 }
 
-template <class TTarget, class TSource> void CopyCorners(TTarget& to, const TSource& from)
+/// A face with these corners; what else it has is zero.
+template <class TTarget, class TSource> TTarget CopyCorners(const TSource& from)
 {
+    TTarget to = {};
     to.A = static_cast<std::uint32_t>(from.a);
     to.B = static_cast<std::uint32_t>(from.b);
     to.C = static_cast<std::uint32_t>(from.c);
+    return to;
 }
 
 /// Makes the target as long as the source and converts each element; without memory the target stays empty.
 template <class TTarget, class TSource, class TConvert>
 void ConvertEach(TArray<TTarget>& target, const TArray<TSource>& source, TConvert convert)
 {
-    if (target.CreateMultiple(source.NumItems) != 1)
-        return;
-    for (std::size_t i = 0; i < source.NumItems; ++i)
-        convert(target.Items[i], source.Items[i]);
+    target.CreateMultiple(source.NumItems, [&](std::size_t i) { return convert(source.Items[i]); });
 }
 
 /// Appends each element of the source, converted; one that there is no memory for is left out.
@@ -43,7 +43,7 @@ void AppendEach(TArray<TTarget>& target, const TArray<TSource>& source, TConvert
 {
     for (const TSource& element : source)
         if (TTarget* const added = target.Add())
-            convert(*added, element);
+            *added = convert(element);
 }
 
 void ConvertVerticesAndFaces(const CFileFormat_Ase::CASEGeomObject& object, CGraphics_Mesh& mesh, float scale)
@@ -54,24 +54,26 @@ void ConvertVerticesAndFaces(const CFileFormat_Ase::CASEGeomObject& object, CGra
     const bool isanimated = !object.animation.IsEmpty();
 
     ConvertEach(mesh.Vertices, object.mesh.vertices,
-                [&](CMath_Vector3& to, const CMath_Vector3& from)
-                { to = isanimated ? SwapYZ(PushInMatrix(from, inverse)) * scale : SwapYZ(from * scale); });
+                [&](const CMath_Vector3& from)
+                { return isanimated ? SwapYZ(PushInMatrix(from, inverse)) * scale : SwapYZ(from * scale); });
     ConvertEach(mesh.Faces, object.mesh.faces,
-                [](SGraphics_Face& to, const CFileFormat_Ase::CASEFace& from)
+                [](const CFileFormat_Ase::CASEFace& from)
                 {
-                    CopyCorners(to, from);
+                    auto to = CopyCorners<SGraphics_Face>(from);
                     to.Material = static_cast<std::uint32_t>(from.mtlid);
+                    return to;
                 });
 }
 
 void ConvertTextureChannels(const CASEMesh& source, CGraphics_Mesh& mesh)
 {
-    const auto flip = [](CMath_Vector3& to, const CMath_Vector3& from) { to = FlipV(from); };
-    const auto copy = [](CMath_Vector3& to, const CMath_Vector3& from) { to = from; };
-    const auto copycorners = [](auto& to, const auto& from) { CopyCorners(to, from); };
+    const auto flip = [](const CMath_Vector3& from) { return FlipV(from); };
+    const auto copy = [](const CMath_Vector3& from) { return from; };
+    const auto copytextureface = [](const auto& from) { return CopyCorners<SGraphics_Face>(from); };
+    const auto copycorners = [](const auto& from) { return CopyCorners<SGraphics_MappingFace>(from); };
 
     ConvertEach(mesh.TextureVertices, source.tvertices, flip);
-    ConvertEach(mesh.TextureFaces, source.tfaces, copycorners);
+    ConvertEach(mesh.TextureFaces, source.tfaces, copytextureface);
     for (const CFileFormat_Ase::CASEMappingChannel* const channel : source.mappingchannels)
         if (CGraphics_Mesh::CMappingChannel* const added = mesh.MappingChannels.Add())
         {
@@ -137,12 +139,14 @@ bool WarnOfCollapsedTexture(const CGraphics_Mesh& mesh, std::uint32_t face)
 void ConvertFaceSpaces(const CASEMesh& source, CGraphics_Mesh& mesh)
 {
     ConvertEach(mesh.FaceSpaces, source.facenormals,
-                [](CGraphics_FaceSpace& to, const CASEMesh::SFaceNormals& from)
+                [](const CASEMesh::SFaceNormals& from)
                 {
+                    CGraphics_FaceSpace to;
                     to.FaceNormal = SwapYZ(from.normal);
                     to.NormalA = SwapYZ(from.vnormala);
                     to.NormalB = SwapYZ(from.vnormalb);
                     to.NormalC = SwapYZ(from.vnormalc);
+                    return to;
                 });
     std::uint32_t warnings = 0;
     for (std::uint32_t i = 0; i < mesh.FaceSpaces.NumItems; ++i)

@@ -148,6 +148,32 @@ TEST_F(CArrays, CreateExactlyWhatIsAskedFor)
     }
 }
 
+TEST_F(CArrays, CreateWhatIsMadeForEachIndex)
+{
+    TArray<CCounted> array;
+    array.Add();
+    manager.Take();
+    const auto make = [](std::size_t index)
+    {
+        CCounted made;
+        *made.value = static_cast<int>(index) * 10;
+        return made;
+    };
+    EXPECT_EQ(array.CreateMultiple(3, make), 1);
+    EXPECT_EQ(array.GetNumItems(), 3U);
+    EXPECT_EQ(array.Capacity, 3U);
+    EXPECT_EQ(*array[2]->value, 20);
+    EXPECT_EQ(CCounted::alive, 3);
+    EXPECT_EQ(manager.Take(), "- +" + std::to_string(3 * sizeof(CCounted)) + "@490[] ");
+    *array.Add()->value = 30;
+    EXPECT_EQ(*array[1]->value, 10);
+    FailAllocations(0, ~0ULL);
+    EXPECT_EQ(array.CreateMultiple(3, make), 0);
+    FailAllocations(0, 0);
+    EXPECT_EQ(array.Items, nullptr);
+    EXPECT_EQ(CCounted::alive, 0);
+}
+
 TEST_F(CArrays, DeleteInOrder)
 {
     TArray<CCounted> array;

@@ -119,6 +119,35 @@ class CDistinctIndices
     std::size_t sorted = 0; ///< How many of the first items are in order and distinct.
     std::uint32_t largest = std::numeric_limits<std::uint32_t>::max();
 };
+
+/// What was found for some of the indices looked up so far, so that the few of most models are looked up once each.
+class CRecentNumbers
+{
+  public:
+    CRecentNumbers()
+    {
+        // An index that belongs elsewhere stands for none.
+        for (std::uint32_t i = 0; i < std::size(places); ++i)
+            places[i].index = i + 1;
+    }
+
+    /// The number of the index; find(index) when it is not known.
+    template <class TFind> std::uint32_t Get(std::uint32_t index, TFind find)
+    {
+        SPlace& place = places[index % std::size(places)];
+        if (place.index != index)
+            place = {index, find(index)};
+        return place.number;
+    }
+
+  private:
+    struct SPlace
+    {
+        std::uint32_t index;
+        std::uint32_t number;
+    };
+    SPlace places[64];
+};
 } // namespace
 
 std::uint32_t RenumberMaterialIndices(CGraphics_Model& model)
@@ -129,29 +158,26 @@ std::uint32_t RenumberMaterialIndices(CGraphics_Model& model)
     {
         // Every new index is below `numbered` and every old one is not: at least that many are smaller.
         CDistinctIndices distinct(faces);
-        // Neighbours often have the same index, which is then looked up once.
-        constexpr std::uint64_t none = std::numeric_limits<std::uint64_t>::max();
-        std::uint64_t last = none;
+        const auto add = [&](std::uint32_t index)
+        {
+            distinct.Add(index);
+            return index;
+        };
+        CRecentNumbers added;
         VisitIndices(model,
                      [&](std::uint32_t index)
                      {
-                         if (index < numbered || index == last)
-                             return;
-                         distinct.Add(index);
-                         last = index;
+                         if (index >= numbered)
+                             added.Get(index, add);
                      });
         distinct.Finish();
-        std::uint32_t number = 0;
-        last = none;
+        const auto number = [&](std::uint32_t index) { return numbered + distinct.GetRank(index); };
+        CRecentNumbers numbers;
         VisitIndices(model,
                      [&](std::uint32_t& index)
                      {
-                         if (index < numbered || !distinct.Accepts(index))
-                             return;
-                         if (index != last)
-                             number = numbered + distinct.GetRank(index);
-                         last = index;
-                         index = number;
+                         if (index >= numbered && distinct.Accepts(index))
+                             index = numbers.Get(index, number);
                      });
         numbered += distinct.GetCount();
         iscomplete = distinct.IsComplete();

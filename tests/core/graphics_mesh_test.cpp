@@ -218,7 +218,7 @@ TEST(TangentFrames, AreThoseOfTheTriangleAlone)
     }
     mesh.CalculateTangentsAndBinormals();
     for (std::size_t i = 0; i < alone.size(); ++i)
-        EXPECT_EQ(std::memcmp(mesh.FaceSpaces[i], &alone[i], sizeof(alone[i])), 0) << i;
+        EXPECT_EQ(std::memcmp(&mesh.FaceSpaces.Items[i], &alone[i], sizeof(alone[i])), 0) << i;
 }
 
 TEST(TangentFrames, MissingFacesAndIndicesAreNotFollowed)

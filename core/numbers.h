@@ -33,19 +33,30 @@ ENGINE_CORE_API std::size_t WriteFixed(char* to, double value);
 /// "%.9g": few digits, but enough for a 32-bit float to read back to the same bits.
 ENGINE_CORE_API std::size_t WriteExact(char* to, double value);
 
+/// The value of a digit; above 9 for any other character.
+template <class TCharacter> constexpr std::uint32_t GetDigit(TCharacter character)
+{
+    return static_cast<std::uint32_t>(character) - std::uint32_t{'0'};
+}
+
+template <class TCharacter> constexpr bool IsDigit(TCharacter character)
+{
+    return GetDigit(character) <= 9;
+}
+
 /// "%d" and "%u" for up to nine digits without a sign; anything else is left to ScanInteger. The text may be
 /// of any kind of character, and ends with one that no number has.
 template <class TCharacter, class T> inline bool ScanShortInteger(const TCharacter*& text, T& value)
 {
-    constexpr std::ptrdiff_t mostdigits = 9; // below 2^30
+    constexpr std::size_t mostdigits = 9; // below 2^30
     const TCharacter* first = text;
     while (*first == ' ' || *first == '\t')
         ++first;
     const TCharacter* at = first;
     std::uint32_t number = 0;
-    for (; *at >= '0' && *at <= '9' && at - first <= mostdigits; ++at)
-        number = number * 10 + static_cast<std::uint32_t>(*at - '0');
-    if (at == first || at - first > mostdigits)
+    for (; IsDigit(*at); ++at)
+        number = number * 10 + GetDigit(*at);
+    if (static_cast<std::size_t>(at - first - 1) >= mostdigits)
         return false;
     value = static_cast<T>(number);
     text = at;
@@ -75,7 +86,7 @@ template <class TCharacter> inline bool ScanShortFloat(const TCharacter*& text, 
 {
     static constexpr double scales[] = {1e0,  1e-1, 1e-2,  1e-3,  1e-4,  1e-5,  1e-6,  1e-7,
                                         1e-8, 1e-9, 1e-10, 1e-11, 1e-12, 1e-13, 1e-14, 1e-15};
-    constexpr std::ptrdiff_t mostdigits = 15; // 10^15 is below 2^53, so a double holds them all
+    constexpr std::size_t mostdigits = 15; // 10^15 is below 2^53, so a double holds them all
 
     const TCharacter* at = text;
     while (*at == ' ' || *at == '\t')
@@ -85,8 +96,8 @@ template <class TCharacter> inline bool ScanShortFloat(const TCharacter*& text, 
 
     std::uint64_t digits = 0;
     const TCharacter* const first = at;
-    for (; *at >= '0' && *at <= '9'; ++at)
-        digits = digits * 10 + static_cast<std::uint64_t>(*at - '0');
+    for (; IsDigit(*at); ++at)
+        digits = digits * 10 + GetDigit(*at);
     std::ptrdiff_t count = at - first;
     std::ptrdiff_t decimals = 0;
     if (*at == '.')
@@ -94,18 +105,19 @@ template <class TCharacter> inline bool ScanShortFloat(const TCharacter*& text, 
         const TCharacter* const point = at++;
         if constexpr (std::is_same_v<TCharacter, char>)
             ScanFourDigits(at, digits);
-        for (; *at >= '0' && *at <= '9'; ++at)
-            digits = digits * 10 + static_cast<std::uint64_t>(*at - '0');
+        for (; IsDigit(*at); ++at)
+            digits = digits * 10 + GetDigit(*at);
         decimals = at - point - 1;
         count += decimals;
     }
-    if (count == 0 || count > mostdigits || (*at | 0x20) == 'e' || (*at | 0x20) == 'x')
+    // An exponent may follow, and more; what ends a short number mostly is a blank, a line end or a mark.
+    if (static_cast<std::size_t>(count - 1) >= mostdigits || *at > ';')
         return false;
 
     // The digits are exact and the scale is the double nearest to it, so the product is the number but for
     // its last two bits at most. As a float it is the one nearest to the number then, unless it lies about
     // halfway between two. No float this large is coarser than 24 bits.
-    const double product = static_cast<double>(digits) * scales[decimals];
+    const double product = static_cast<double>(static_cast<std::int64_t>(digits)) * scales[decimals];
     constexpr std::uint64_t droppedbits = (std::uint64_t{1} << 29) - 1;
     constexpr std::uint64_t halfway = std::uint64_t{1} << 28;
     constexpr std::uint64_t doubt = 4;

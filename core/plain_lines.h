@@ -38,8 +38,10 @@ class CPlainLines
     /// Moves to the next line; false when the rest of the text is for the block reader.
     bool NextLine()
     {
-        while (at < end && (IsBlank(*at) || IsLineEnd(*at)))
-            ++at;
+        if (at < end && IsAtGap())
+            at += gap.length;
+        else
+            PassGap();
         first = at;
         return isplain = at < end;
     }
@@ -156,6 +158,36 @@ class CPlainLines
             ++at;
     }
 
+    /// What stands between two lines, up to eight bytes.
+    struct SGap
+    {
+        std::uint64_t bytes = 0;
+        std::uint64_t mask = 0;
+        std::size_t length = 0;
+    };
+
+    /// Whether here stands what stood between the lines before, and no more.
+    bool IsAtGap() const
+    {
+        std::uint64_t eight = 0;
+        std::memcpy(&eight, at, sizeof(eight));
+        return (eight & gap.mask) == gap.bytes && at[gap.length] > ' ';
+    }
+
+    void PassGap()
+    {
+        const char* const from = at;
+        while (at < end && (IsBlank(*at) || IsLineEnd(*at)))
+            ++at;
+        const auto length = static_cast<std::size_t>(at - from);
+        if (length == 0 || length > sizeof(gap.bytes))
+            return;
+        gap.length = length;
+        gap.mask = ~std::uint64_t{0} >> (64 - length * 8);
+        std::memcpy(&gap.bytes, from, sizeof(gap.bytes));
+        gap.bytes &= gap.mask;
+    }
+
     /// Passes the rest of a word and the blanks behind it; false when it is not plain.
     bool PassWord()
     {
@@ -186,4 +218,5 @@ class CPlainLines
     const char* first = nullptr; ///< Where the line begins.
     const char* at;              ///< In the line.
     bool isplain = false;
+    SGap gap; ///< Lines of a list are indented alike, so it is mostly the same from line to line.
 };

@@ -1,4 +1,8 @@
-/// A caller that includes the public headers, uses every family and instantiates no template itself.
+/// The surface of the library, by use: a caller that includes the public headers and uses every class, member and
+/// element type that callers rely on, and instantiates no template itself.
+///
+/// What is added to the surface is used here. A forgotten export then does not link on Linux, before it is missed on
+/// Windows; what the library does not declare as its own stands in this program, where exports_test.cpp finds it.
 #include "containers/channel_list.h"
 #include "containers/resource_manager.h"
 #include "formats/ase/ase.h"
@@ -8,6 +12,9 @@
 
 namespace
 {
+CFile_Parser parser;
+CFile_Saver saver;
+
 template <class T> void UseArray()
 {
     TArray<T> array;
@@ -36,7 +43,7 @@ template <class T> void UsePointerArray()
     copy.DeleteAll();
 }
 
-template <class TRecord> void UseSaved(CFile_Parser& parser, CFile_Saver& saver)
+template <class TRecord> void UseSavedOne()
 {
     TRecord record;
     record.TRecord::Load(&parser, nullptr);
@@ -53,10 +60,14 @@ template <class... T> void UsePointerArrays()
     (UsePointerArray<T>(), ...);
 }
 
-template <class T> void UseTree(CFile_Parser& parser, CFile_Saver& saver)
+template <class... TRecord> void UseSaved()
 {
-    UseSaved<TTree<T>>(parser, saver);
-    UseSaved<TTreeFolder<T>>(parser, saver);
+    (UseSavedOne<TRecord>(), ...);
+}
+
+template <class T> void UseTree()
+{
+    UseSaved<TTree<T>, TTreeFolder<T>>();
     UsePointerArrays<TTreeFolder<T>, TTreeKey<T>>();
     TTree<T> tree;
     tree.root.keys.Add();
@@ -64,21 +75,38 @@ template <class T> void UseTree(CFile_Parser& parser, CFile_Saver& saver)
     TTreeKey<T> key;
 }
 
-template <class TManager> void UseManager(CFile_Parser& parser)
+template <class... T> void UseTrees()
 {
+    (UseTree<T>(), ...);
+}
+
+/// A manager of the caller's own.
+template <class X> struct TCallersManager : TResourceManager<X>
+{
+    Result InitializeObject(X*, CFile_Parser*, unsigned long) override
+    {
+        return 0;
+    }
+};
+
+template <class TManager, class X> void UseResources()
+{
+    TCallersManager<X> own;
     TManager manager;
     if (parser.GetOffset() != 0) // calling it is not the point
         manager.TManager::InitializeObject(nullptr, &parser, 0);
-}
-
-template <class X> void UseHandle()
-{
     TResourceHandle<X> handle;
     handle.AddRef();
     handle.Release();
     handle.Destroy();
     handle.TResourceHandle<X>::Load(nullptr, nullptr);
     handle.TResourceHandle<X>::Save(nullptr);
+    UseTree<TResourceHandle<X>>();
+}
+
+template <class... X> void UseGraphicsResources()
+{
+    (UseResources<TGraphicsResourceManager<X>, X>(), ...);
 }
 
 template <class X> void UseReference()
@@ -88,7 +116,17 @@ template <class X> void UseReference()
     copy.Destroy();
 }
 
-void UseFormats(CFile_Parser& parser, CFile_Saver& saver)
+template <unsigned N> void UseChannels()
+{
+    UseSaved<TChannelList<float, N>>();
+    UseArray<typename TChannelList<float, N>::SData>();
+    TChannelList<float, N> list;
+    list.template LoadHelper<float, N>(&parser, nullptr);
+    TChannelList<float, N> copy(list);
+    copy.DeleteAll();
+}
+
+void UseFormats()
 {
     using R = CFileFormat_Ase;
     UseArrays<R::CASEGeomObject, R::CASEHelper, R::CASELight, R::CASECamera, R::CASEShapeObject, R::CASEMaterial,
@@ -96,15 +134,23 @@ void UseFormats(CFile_Parser& parser, CFile_Saver& saver)
               R::CASEMesh::SFaceNormals, R::CASEMappingChannel::SFace>();
     UsePointerArrays<R::CASEMaterial, R::CASEMaterialMap, R::CASEAnimation, R::CASECameraSettings, R::CASENode,
                      R::CASEMesh, R::CASEMappingChannel>();
-    UseSaved<CFileFormat_Ase>(parser, saver);
+    UseSaved<CFileFormat_Ase, R::CASEScene, R::CASENode, R::CASEGeomObject, R::CASEMeshAnimation, R::CASEIKJoint,
+             R::CASEMesh, R::CASEFace, R::CASETFace, R::CASEMappingChannel, R::CASEMaterial, R::CASEMaterialMap,
+             R::CASEAnimation, R::CASEAnimationNode, R::CASEAnimationNodeRot, R::CASELight, R::CASELightSettings,
+             R::CASECamera, R::CASECameraSettings, R::CASEHelper, R::CASEShapeObject, R::CASEShapeLine>();
     CFileFormat_Ase scene;
+    scene.GetNamedGeomObject(L"");
+    scene.GetNamedGeomObjectIndex(L"");
     CGraphics_Model model;
     CreateModelFromASE(model, scene, 1.0F);
+    scene.CFileFormat_Ase::Destroy();
     using E = CFileFormat_Envelope;
     UseArrays<E::CEnvelopeBone, E::CEnvelopeVertexData, E::CEnvelopeVertexExclusionList, E::SSwitchBones>();
-    UseSaved<CFileFormat_Envelope>(parser, saver);
+    UseSaved<CFileFormat_Envelope>();
+    CFileFormat_Envelope envelope;
+    envelope.CFileFormat_Envelope::Destroy();
     UseArrays<CFileFormat_X::CXMesh, CFileFormat_X::CXMesh::SXFace>();
-    UseSaved<CFileFormat_X>(parser, saver);
+    UseSaved<CFileFormat_X, CFileFormat_X::CXMesh>();
 }
 
 void UseCore()
@@ -113,68 +159,50 @@ void UseCore()
               CGraphics_MappingChannel::SFace>();
     UsePointerArrays<CGraphics_Model::SMaterial, CGraphics_Model::CGeometry, CGraphics_Model::CMaterialList,
                      CGraphics_Mesh::CMappingChannel>();
+    UseSaved<CGraphics_Model, CSys_DataNode, CSys_String, CSys_Text, SGui_TreeData, CAudio_Sound,
+             CG_Renderer::CControlLayout, CEffects_System::CEffects_Flare, CEffects_System::CEffects_LibraryEffect>();
     TUserData data;
     data.SetUserData(0, &data);
+    TUserData copy;
+    copy = data;
+    copy.GetUserData(0);
 }
 
-void UseGraphsAndChannels(CFile_Parser& parser, CFile_Saver& saver)
+void UseContainers()
 {
-    UseSaved<TGraph<CSys_DataNode>>(parser, saver);
+    UseSaved<TGraph<CSys_DataNode>>();
     UsePointerArrays<TKNode<CSys_DataNode>>();
-    UseArrays<TKNode<CSys_DataNode>::SLink, TChannelList<float, 3>::SData, TChannelList<float, 4>::SData>();
+    UseArrays<TKNode<CSys_DataNode>::SLink>();
     TGraph<CSys_DataNode> graph;
-    TKNode<CSys_DataNode>* const node = graph.nodes.Add();
-    node->AddLink(1, 2, 1);
-    node->GetLink(0, nullptr, nullptr);
-    node->GetNumItems();
+    const TKNode<CSys_DataNode> empty;
+    TKNode<CSys_DataNode> node(empty);
+    node.AddLink(1, 2, 1);
+    node.GetLink(0, nullptr, nullptr);
+    node.GetNumItems();
     TGraph<CSys_DataNode> copy(graph);
     copy.Destroy();
-    UseSaved<TChannelList<float, 3>>(parser, saver);
-    UseSaved<TChannelList<float, 4>>(parser, saver);
-    TChannelList<float, 4> list;
-    list.LoadHelper<float, 4>(&parser, nullptr);
-    TChannelList<float, 4> listcopy(list);
-    listcopy.DeleteAll();
-}
-
-void UseManagers(CFile_Parser& parser)
-{
-    UseManager<TGraphicsResourceManager<CGraphics_Font>>(parser);
-    UseManager<TGraphicsResourceManager<CGraphics_Material>>(parser);
-    UseManager<TGraphicsResourceManager<CGraphics_Model>>(parser);
-    UseManager<TGraphicsResourceManager<CGraphics_Texture>>(parser);
-    UseManager<TGraphicsResourceManager<CGraphics_VertexDeclaration>>(parser);
-    UseManager<TGraphicsResourceManager<CGui_StreamableBitmap>>(parser);
-    UseManager<TAnimationResourceManager<CEngine_AnimationSet>>(parser);
-    UseManager<TFileResourceManager<CFile_Parser>>(parser);
-    UseManager<TScriptResourceManager<CEngine_Script>>(parser);
+    UseChannels<3>();
+    UseChannels<4>();
+    UseTrees<SGui_TreeData, CSys_ProfilerSystem::SProfileInfo, CAudio_Sound, CG_Renderer::CControlLayout,
+             CEffects_System::CEffects_Flare, CEffects_System::CEffects_LibraryEffect, CSys_String, CSys_Text>();
+    TTreeAudio<CAudio_Sound> sounds;
+    TTreeGraphics<CEffects_System::CEffects_Flare> flares;
+    TTreeGraphics<CEffects_System::CEffects_LibraryEffect> effects;
+    CG_Renderer::TTreeGui<CG_Renderer::CControlLayout> layouts;
 }
 } // namespace
 
 int main()
 {
-    CFile_Parser parser;
-    CFile_Saver saver;
-    UseFormats(parser, saver);
+    UseFormats();
     UseCore();
-    UseGraphsAndChannels(parser, saver);
-    UseManagers(parser);
-#define USE_TREE(T) UseTree<T>(parser, saver);
-    ASSET_TOOLS_TREE_ELEMENTS(USE_TREE)
-    UseHandle<CEngine_AnimationSet>();
-    UseHandle<CEngine_Script>();
-    UseHandle<CFile_Parser>();
-    UseHandle<CGraphics_Font>();
-    UseHandle<CGraphics_Material>();
-    UseHandle<CGraphics_Model>();
-    UseHandle<CGraphics_Texture>();
-    UseHandle<CGraphics_VertexDeclaration>();
-    UseHandle<CGui_StreamableBitmap>();
+    UseContainers();
+    UseGraphicsResources<CGraphics_Font, CGraphics_Material, CGraphics_Model, CGraphics_Texture,
+                         CGraphics_VertexDeclaration, CGui_StreamableBitmap>();
+    UseResources<TAnimationResourceManager<CEngine_AnimationSet>, CEngine_AnimationSet>();
+    UseResources<TFileResourceManager<CFile_Parser>, CFile_Parser>();
+    UseResources<TScriptResourceManager<CEngine_Script>, CEngine_Script>();
     UseReference<CEngine_Script>();
     UseReference<CGraphics_Material>();
-    TTreeAudio<CAudio_Sound> sounds;
-    TTreeGraphics<CEffects_System::CEffects_Flare> flares;
-    TTreeGraphics<CEffects_System::CEffects_LibraryEffect> effects;
-    CG_Renderer::TTreeGui<CG_Renderer::CControlLayout> layouts;
     return 0;
 }

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # same_exports.sh NATIVE_LIBRARIES OBJDUMP DLL...: the DLLs must export the very names that the libraries of this
-# system do, which are held against the list of names that callers rely on.
+# system do, which tests/exports holds against what callers use.
 set -u
 native=$1 objdump=$2
 shift 2

@@ -6,6 +6,12 @@
 
 using CAse = CFileFormat_AseRecords;
 
+template <class T>
+concept CIsFace = requires(T face)
+{
+    face.c;
+};
+
 // Entries of lists: `numbered` is the keyword with the entry's number.
 
 inline void WriteEntry(CTextWriter& writer, const wchar_t* numbered, const wchar_t*, const CMath_Vector3& vector)
@@ -13,22 +19,16 @@ inline void WriteEntry(CTextWriter& writer, const wchar_t* numbered, const wchar
     writer.Field(numbered, vector);
 }
 
-inline void WriteEntry(CTextWriter& writer, const wchar_t* numbered, const wchar_t* keyword, const CAse::CASEFace& face)
+template <CIsFace T>
+void WriteEntry(CTextWriter& writer, const wchar_t* numbered, [[maybe_unused]] const wchar_t* keyword, const T& face)
 {
-    if (std::wcscmp(keyword, L"*MESH_FACE") == 0)
-        writer.saver.Write(0, L"%s: A: %d B: %d C: %d AB: 1 BC: 1 CA: 0 *MESH_SMOOTHING 1 *MESH_MTLID %d", numbered,
-                           face.a, face.b, face.c, face.mtlid);
-    else
-        writer.saver.Write(0, L"%s %d %d %d", numbered, face.a, face.b, face.c);
-}
-
-template <class TFace>
-requires requires(TFace face)
-{
-    face.c;
-}
-void WriteEntry(CTextWriter& writer, const wchar_t* numbered, const wchar_t*, const TFace& face)
-{
+    if constexpr (requires { face.mtlid; })
+        if (std::wcscmp(keyword, L"*MESH_FACE") == 0)
+        {
+            writer.saver.Write(0, L"%s: A: %d B: %d C: %d AB: 1 BC: 1 CA: 0 *MESH_SMOOTHING 1 *MESH_MTLID %d", numbered,
+                               face.a, face.b, face.c, face.mtlid);
+            return;
+        }
     writer.saver.Write(0, L"%s %d %d %d", numbered, face.a, face.b, face.c);
 }
 
@@ -42,30 +42,20 @@ inline void WriteEntry(CTextWriter& writer, const wchar_t* numbered, const wchar
 
 inline void WriteEntry(CTextWriter& writer, const wchar_t*, const wchar_t* keyword, const CAse::CASEAnimationNode& key)
 {
-    writer.Field((keyword + (L' ' + std::to_wstring(key.time))).c_str(), key.position);
+    WriteLine(&writer.saver, L"%s %d %.9g %.9g %.9g", keyword, key.time, key.position);
 }
 
 inline void WriteEntry(CTextWriter& writer, const wchar_t*, const wchar_t* keyword,
                        const CAse::CASEAnimationNodeRot& key)
 {
-    writer.saver.Write(0, L"%s %d %.9g %.9g %.9g %.9g", keyword, key.time, static_cast<double>(key.axis.x),
-                       static_cast<double>(key.axis.y), static_cast<double>(key.axis.z),
-                       static_cast<double>(key.angle));
+    WriteLine(&writer.saver, L"%s %d %.9g %.9g %.9g %.9g", keyword, key.time, key.axis, key.angle);
 }
 
-template <class V> void Visit(V& v, CAse::CASEFace& face)
-{
-    v.Fields(L"a", face.a, L"b", face.b, L"c", face.c, L"mtlid", face.mtlid);
-}
-
-template <class V, class TFace>
-requires requires(TFace face)
-{
-    face.c;
-}
-void Visit(V& v, TFace& face)
+template <class V, CIsFace T> void Visit(V& v, T& face)
 {
     v.Fields(L"a", face.a, L"b", face.b, L"c", face.c);
+    if constexpr (requires { face.mtlid; })
+        v.Field(L"mtlid", face.mtlid);
 }
 
 template <class V> void Visit(V& v, CAse::SMeshFaceNormals& normals)
@@ -94,50 +84,40 @@ template <class V> void Visit(V& v, CAse::CASEAnimation& animation)
 
 template <class V> void Visit(V& v, CAse::CASEMaterialMap& map)
 {
-    v.Line(L"*MAP_NAME", map.name);
-    v.Line(L"*MAP_CLASS", map.class_);
-    v.Fields(L"*MAP_SUBNO", map.subno, L"*MAP_AMOUNT", map.amount);
-    v.Blocks(L"*MAP_GENERIC", map.generic);
+    v.Fields(L"*MAP_NAME", map.name, L"*MAP_CLASS", map.class_, L"*MAP_SUBNO", map.subno, L"*MAP_AMOUNT", map.amount,
+             L"*MAP_GENERIC", map.generic);
 }
 
 template <class V> void Visit(V& v, CAse::CASEMaterial& material)
 {
-    v.Line(L"*MATERIAL_NAME", material.name);
-    v.Line(L"*MATERIAL_CLASS", material.class_);
-    v.Fields(L"*MATERIAL_AMBIENT", material.ambient, L"*MATERIAL_DIFFUSE", material.diffuse, L"*MATERIAL_SPECULAR",
-             material.specular, L"*MATERIAL_SHINE", material.shine, L"*MATERIAL_SHINESTRENGTH", material.shinestrength,
+    v.Fields(L"*MATERIAL_NAME", material.name, L"*MATERIAL_CLASS", material.class_, L"*MATERIAL_AMBIENT",
+             material.ambient, L"*MATERIAL_DIFFUSE", material.diffuse, L"*MATERIAL_SPECULAR", material.specular,
+             L"*MATERIAL_SHINE", material.shine, L"*MATERIAL_SHINESTRENGTH", material.shinestrength,
              L"*MATERIAL_TRANSPARENCY", material.transparency, L"*MATERIAL_WIRESIZE", material.wiresize);
     v.Option(L"*MATERIAL_SHADING", material.shading, {L"Blinn"}, 0U);
     v.Fields(L"*MATERIAL_XP_FALLOFF", material.xp_falloff, L"*MATERIAL_SELFILLUM", material.selfillumination);
     v.Option(L"*MATERIAL_FALLOFF", material.falloff, {L"In"}, 0U);
     v.Option(L"*MATERIAL_XP_TYPE", material.xp_type, {L"Filter", L"Subtractive"}, 0U);
-    v.Block(L"*MAP_DIFFUSE", material.map_diffuse);
-    v.Block(L"*MAP_SPECULAR", material.map_specular);
-    v.Block(L"*MAP_SHINE", material.map_shine);
-    v.Block(L"*MAP_SHINESTRENGTH", material.map_shinestrength);
-    v.Block(L"*MAP_SELFILLUM", material.map_selfillum);
-    v.Block(L"*MAP_OPACITY", material.map_opacity);
-    v.Block(L"*MAP_FILTERCOLOR", material.map_filtercolor);
-    v.Block(L"*MAP_BUMP", material.map_bump);
-    v.Block(L"*MAP_REFLECT", material.map_reflect);
-    v.Block(L"*MAP_REFRACT", material.map_refract);
-    v.Block(L"*MAP_DISPLACEMENT", material.map_displacement);
-    v.Blocks(L"*SUBMATERIAL 0", material.submaterials);
+    v.Fields(L"*MAP_DIFFUSE", material.map_diffuse, L"*MAP_SPECULAR", material.map_specular, L"*MAP_SHINE",
+             material.map_shine, L"*MAP_SHINESTRENGTH", material.map_shinestrength, L"*MAP_SELFILLUM",
+             material.map_selfillum, L"*MAP_OPACITY", material.map_opacity, L"*MAP_FILTERCOLOR",
+             material.map_filtercolor, L"*MAP_BUMP", material.map_bump, L"*MAP_REFLECT", material.map_reflect,
+             L"*MAP_REFRACT", material.map_refract, L"*MAP_DISPLACEMENT", material.map_displacement, L"*SUBMATERIAL 0",
+             material.submaterials);
 }
 
 template <class V> void Visit(V& v, CAse::CASEScene& scene)
 {
     v.Fields(L"*SCENE_FIRSTFRAME", scene.firstframe, L"*SCENE_LASTFRAME", scene.lastframe, L"*SCENE_FRAMESPEED",
              scene.framespeed, L"*SCENE_TICKSPERFRAME", scene.ticksperframe, L"*SCENE_BACKGROUND_STATIC",
-             scene.backgroundstatic, L"*SCENE_AMBIENT_STATIC", scene.ambientstatic);
-    v.Block(L"*SCENE_ENVMAP", scene.envmap);
+             scene.backgroundstatic, L"*SCENE_AMBIENT_STATIC", scene.ambientstatic, L"*SCENE_ENVMAP", scene.envmap);
 }
 
 template <class V> void Visit(V& v, CAse::CASENode& node)
 {
     static constexpr const wchar_t* rows[] = {L"*TM_ROW0", L"*TM_ROW1", L"*TM_ROW2", L"*TM_ROW3"};
-    v.Line(L"*NODE_NAME", node.name);
-    v.Fields(L"*INHERIT_POS", node.inheritpos, L"*INHERIT_ROT", node.inheritrot, L"*INHERIT_SCL", node.inheritscale);
+    v.Fields(L"*NODE_NAME", node.name, L"*INHERIT_POS", node.inheritpos, L"*INHERIT_ROT", node.inheritrot,
+             L"*INHERIT_SCL", node.inheritscale);
     for (unsigned i = 0; i < 4; ++i)
     {
         float(&row)[4] = node.matrix.m[i];
@@ -192,14 +172,9 @@ template <class V> void Visit(V& v, CAse::CASEIKJoint& joint)
 
 template <class V> void Visit(V& v, CAse::CASEGeomObject& object)
 {
-    v.Line(L"*NODE_NAME", object.name);
-    v.Line(L"*NODE_PARENT", object.parent);
-    v.Block(L"*NODE_TM", object.node);
-    v.Block(L"*MESH", object.mesh);
-    v.Block(L"*MESH_ANIMATION", object.meshanimation);
-    v.Block(L"*TM_ANIMATION", object.animation);
-    v.Field(L"*WIREFRAME_COLOR", object.wireframecolor);
-    v.Block(L"*IK_JOINT", object.ikjoint);
+    v.Fields(L"*NODE_NAME", object.name, L"*NODE_PARENT", object.parent, L"*NODE_TM", object.node, L"*MESH",
+             object.mesh, L"*MESH_ANIMATION", object.meshanimation, L"*TM_ANIMATION", object.animation,
+             L"*WIREFRAME_COLOR", object.wireframecolor, L"*IK_JOINT", object.ikjoint);
 }
 
 template <class V> void Visit(V& v, CAse::CASELightSettings& settings)
@@ -218,8 +193,7 @@ template <class V> void Visit(V& v, CAse::CASELight& light)
     v.Option(L"*LIGHT_SHADOWS", light.shadows, {L"Off", L"Mapped"}, 0U);
     v.Field(L"*LIGHT_USELIGHT", light.uselight);
     v.Option(L"*LIGHT_SPOTSHAPE", light.spotshape, {L"Circle"}, 0xFFFFFFFFU);
-    v.Block(L"*LIGHT_SETTINGS", light.settings);
-    v.Block(L"*TM_ANIMATION", light.animation);
+    v.Fields(L"*LIGHT_SETTINGS", light.settings, L"*TM_ANIMATION", light.animation);
 }
 
 template <class V> void Visit(V& v, CAse::CASECameraSettings& settings)
@@ -232,17 +206,14 @@ template <class V> void Visit(V& v, CAse::CASECamera& camera)
 {
     v.Line(L"*NODE_NAME", camera.name);
     v.Option(L"*CAMERA_TYPE", camera.cameratype, {L"Other", L"Target", L"Free"}, 0U);
-    v.Blocks(L"*NODE_TM", camera.nodes);
-    v.Blocks(L"*CAMERA_SETTINGS", camera.camerasettings);
-    v.Blocks(L"*TM_ANIMATION", camera.animations);
+    v.Fields(L"*NODE_TM", camera.nodes, L"*CAMERA_SETTINGS", camera.camerasettings, L"*TM_ANIMATION",
+             camera.animations);
 }
 
 template <class V> void Visit(V& v, CAse::CASEHelper& helper)
 {
-    v.Line(L"*NODE_NAME", helper.name);
-    v.Line(L"*HELPER_CLASS", helper.class_);
-    v.Block(L"*NODE_TM", helper.node);
-    v.Fields(L"*BOUNDINGBOX_MIN", helper.aabbmin, L"*BOUNDINGBOX_MAX", helper.aabbmax);
+    v.Fields(L"*NODE_NAME", helper.name, L"*HELPER_CLASS", helper.class_, L"*NODE_TM", helper.node, L"*BOUNDINGBOX_MIN",
+             helper.aabbmin, L"*BOUNDINGBOX_MAX", helper.aabbmax);
 }
 
 template <class V> void Visit(V& v, CAse::CASEShapeLine& line)
@@ -253,11 +224,8 @@ template <class V> void Visit(V& v, CAse::CASEShapeLine& line)
 
 template <class V> void Visit(V& v, CAse::CASEShapeObject& shape)
 {
-    v.Line(L"*NODE_NAME", shape.name);
-    v.Line(L"*NODE_PARENT", shape.parent);
-    v.Block(L"*NODE_TM", shape.node);
-    v.Blocks(L"*SHAPE_LINE 0", shape.lines);
-    v.Block(L"*TM_ANIMATION", shape.animation);
+    v.Fields(L"*NODE_NAME", shape.name, L"*NODE_PARENT", shape.parent, L"*NODE_TM", shape.node, L"*SHAPE_LINE 0",
+             shape.lines, L"*TM_ANIMATION", shape.animation);
 }
 
 template <class V> void Visit(V& v, CFileFormat_Ase& scene)
@@ -273,9 +241,6 @@ template <class V> void Visit(V& v, CFileFormat_Ase& scene)
     }
     else
         v.Blocks(L"*MATERIAL", scene.Materials);
-    v.Blocks(L"*GEOMOBJECT", scene.GeomObjects);
-    v.Blocks(L"*LIGHTOBJECT", scene.Lights);
-    v.Blocks(L"*HELPEROBJECT", scene.Helpers);
-    v.Blocks(L"*CAMERAOBJECT", scene.Cameras);
-    v.Blocks(L"*SHAPEOBJECT", scene.ShapeObjects);
+    v.Fields(L"*GEOMOBJECT", scene.GeomObjects, L"*LIGHTOBJECT", scene.Lights, L"*HELPEROBJECT", scene.Helpers,
+             L"*CAMERAOBJECT", scene.Cameras, L"*SHAPEOBJECT", scene.ShapeObjects);
 }

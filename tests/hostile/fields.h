@@ -15,15 +15,14 @@ using CDataGraph = TGraph<CSys_DataNode>;
 
 template <class V> void Visit(V& v, CEnvelope::CEnvelopeBone& bone)
 {
-    v.Line(L"[boneName]", bone.boneName);
-    v.Fields(L"[boneID]", bone.boneID, L"boneFlagLock", bone.boneFlagLock, L"boneFlagAbsolute", bone.boneFlagAbsolute,
-             L"boneFlagSpline", bone.boneFlagSpline, L"boneFlagSplineClosed", bone.boneFlagSplineClosed,
-             L"boneFlagDrawEnveloe", bone.boneFlagDrawEnveloe, L"boneFlagIsOldBone", bone.boneFlagIsOldBone,
-             L"boneFlagDead", bone.boneFlagDead, L"boneFalloff", bone.boneFalloff, L"boneStartPoint",
-             bone.boneStartPoint, L"boneEndPoint", bone.boneEndPoint, L"boneCrossSectionInner0",
-             bone.crossSection.inner0, L"boneCrossSectionOuter0", bone.crossSection.outer0, L"boneCrossSectionU0",
-             bone.crossSection.u0, L"boneCrossSectionInner1", bone.crossSection.inner1, L"boneCrossSectionOuter1",
-             bone.crossSection.outer1, L"boneCrossSectionU1", bone.crossSection.u1);
+    v.Fields(L"[boneName]", bone.boneName, L"[boneID]", bone.boneID, L"boneFlagLock", bone.boneFlagLock,
+             L"boneFlagAbsolute", bone.boneFlagAbsolute, L"boneFlagSpline", bone.boneFlagSpline,
+             L"boneFlagSplineClosed", bone.boneFlagSplineClosed, L"boneFlagDrawEnveloe", bone.boneFlagDrawEnveloe,
+             L"boneFlagIsOldBone", bone.boneFlagIsOldBone, L"boneFlagDead", bone.boneFlagDead, L"boneFalloff",
+             bone.boneFalloff, L"boneStartPoint", bone.boneStartPoint, L"boneEndPoint", bone.boneEndPoint,
+             L"boneCrossSectionInner0", bone.crossSection.inner0, L"boneCrossSectionOuter0", bone.crossSection.outer0,
+             L"boneCrossSectionU0", bone.crossSection.u0, L"boneCrossSectionInner1", bone.crossSection.inner1,
+             L"boneCrossSectionOuter1", bone.crossSection.outer1, L"boneCrossSectionU1", bone.crossSection.u1);
 }
 
 template <class V> void Visit(V& v, CEnvelope::CEnvelopeVertexData& vertex)
@@ -67,12 +66,9 @@ template <class V> void Visit(V& v, CEnvelope::CEnvelopeVertexExclusionList& lis
 
 template <class V> void Visit(V& v, CFileFormat_Envelope& envelope)
 {
-    v.Field(L"ver", envelope.ver);
-    v.Blocks(L"", envelope.bones);
-    v.Field(L"nodeCount", envelope.nodeCount);
-    v.Line(L"[baseNodeName]", envelope.baseNodeName);
-    v.Blocks(L"[vertex]", envelope.vertices);
-    v.Blocks(L"[exclusionListForBone 0]", envelope.exclusionLists);
+    v.Fields(L"ver", envelope.ver, L"", envelope.bones, L"nodeCount", envelope.nodeCount, L"[baseNodeName]",
+             envelope.baseNodeName, L"[vertex]", envelope.vertices, L"[exclusionListForBone 0]",
+             envelope.exclusionLists);
 }
 
 template <class V> void Visit(V& v, CFileFormat_X::CXMesh& mesh)
@@ -112,8 +108,7 @@ template <class V> void Visit(V& v, TTreeKey<CSys_Text>& key)
 
 template <class V> void VisitInside(V& v, TTreeFolder<CSys_Text>& folder)
 {
-    v.Blocks(L"addfolder", folder.folders);
-    v.Blocks(L"addkey", folder.keys);
+    v.Fields(L"addfolder", folder.folders, L"addkey", folder.keys);
     for (TTreeFolder<CSys_Text>* const inner : folder.folders)
         if constexpr (V::Fills)
             inner->parent = &folder;
@@ -163,24 +158,23 @@ template <class V, unsigned N> void Visit(V& v, TChannelList<float, N>& list)
     v.List(L"nodes", L"addnode", list.channelNodes);
 }
 
-template <class V> void Visit(V& v, SGraphics_Face& face)
+template <class V, class T>
+requires requires(T face)
 {
-    for (std::uint32_t* const number : {&face.A, &face.B, &face.C, &face.Material})
-        v.Field(L"number", *number);
+    face.C;
 }
-
-template <class V> void Visit(V& v, SGraphics_MappingFace& face)
+void Visit(V& v, T& face)
 {
-    for (std::uint32_t* const number : {&face.A, &face.B, &face.C})
-        v.Field(L"number", *number);
+    v.Fields(L"A", face.A, L"B", face.B, L"C", face.C);
+    if constexpr (requires { face.Material; })
+        v.Field(L"material", face.Material);
 }
 
 template <class V> void Visit(V& v, CGraphics_FaceSpace& space)
 {
-    for (CMath_Vector3* const vector :
-         {&space.FaceNormal, &space.NormalA, &space.NormalB, &space.NormalC, &space.TangentA, &space.TangentB,
-          &space.TangentC, &space.BinormalA, &space.BinormalB, &space.BinormalC})
-        v.Field(L"vector", *vector);
+    v.Fields(L"normal", space.FaceNormal, L"normala", space.NormalA, L"normalb", space.NormalB, L"normalc",
+             space.NormalC, L"tangenta", space.TangentA, L"tangentb", space.TangentB, L"tangentc", space.TangentC,
+             L"binormala", space.BinormalA, L"binormalb", space.BinormalB, L"binormalc", space.BinormalC);
 }
 
 template <class V> void Visit(V& v, CGraphics_MappingChannel& channel)
@@ -197,8 +191,7 @@ template <class V> void Visit(V& v, CGraphics_Geometry& geometry)
     v.List(L"texturevertices", L"addtvertex", mesh.TextureVertices);
     v.List(L"texturefaces", L"addtface", mesh.TextureFaces);
     v.List(L"facespaces", L"addfacespace", mesh.FaceSpaces);
-    v.Blocks(L"mappingchannels", mesh.MappingChannels);
-    v.Blocks(L"colourchannels", mesh.ColourChannels);
+    v.Fields(L"mappingchannels", mesh.MappingChannels, L"colourchannels", mesh.ColourChannels);
 }
 
 template <class V> void Visit(V& v, SGraphics_ModelMaterial& material)
@@ -219,8 +212,7 @@ template <class V> void Visit(V& v, CMath_Axis& axis)
 
 template <class V> void Visit(V& v, CGraphics_Model& model)
 {
-    v.Blocks(L"addgeometry", model.Geometries);
-    v.Blocks(L"addmateriallist", model.MaterialLists);
+    v.Fields(L"addgeometry", model.Geometries, L"addmateriallist", model.MaterialLists);
     v.List(L"points", L"addpoint", model.Points);
     v.List(L"axes", L"addaxis", model.Axes);
 }

@@ -4,6 +4,7 @@
 /// A visitor is handed every field of a document by the Visit functions of the format, each with its keyword.
 #pragma once
 
+#include "core/block_writer.h"
 #include "core/core_templates.h"
 #include "core/file_io_object.h"
 #include "core/file_saver.h"
@@ -50,10 +51,17 @@ template <class TSelf> class CVisitor
         Visit(Self(), record);
     }
 
-    /// Keywords and fields in turn.
+    /// Keywords and fields in turn: numbers, vectors and colours, texts of a line, records and lists of records.
     template <class T, class... TMore> void Fields(const wchar_t* keyword, T& value, TMore&&... more)
     {
-        Self().Field(keyword, value);
+        if constexpr (CIsPlain<T>)
+            Self().Field(keyword, value);
+        else if constexpr (std::is_same_v<T, CSys_String>)
+            Self().Line(keyword, value);
+        else if constexpr (requires { value.NumItems; })
+            Self().Blocks(keyword, value);
+        else
+            Self().Block(keyword, value);
         if constexpr (sizeof...(more) != 0)
             Fields(std::forward<TMore>(more)...);
     }
@@ -301,31 +309,19 @@ class CTextWriter : public CVisitor<CTextWriter>
         saver.OpenMemory();
     }
 
-    void Field(const wchar_t* keyword, std::int32_t value)
+    template <class T> void Field(const wchar_t* keyword, const T& value)
     {
-        saver.Write(0, L"%s %d", keyword, value);
-    }
-    void Field(const wchar_t* keyword, std::uint32_t value)
-    {
-        Field(keyword, static_cast<std::int32_t>(value));
-    }
-    void Field(const wchar_t* keyword, float value)
-    {
-        saver.Write(0, L"%s %.9g", keyword, static_cast<double>(value));
-    }
-    void Field(const wchar_t* keyword, const CMath_Vector3& value)
-    {
-        saver.Write(0, L"%s %.9g %.9g %.9g", keyword, static_cast<double>(value.x), static_cast<double>(value.y),
-                    static_cast<double>(value.z));
-    }
-    void Field(const wchar_t* keyword, const CMath_Color& value)
-    {
-        Field(keyword, CMath_Vector3(value.r, value.g, value.b));
+        if constexpr (std::is_integral_v<T>)
+            WriteLine(&saver, L"%s %d", keyword, static_cast<std::int32_t>(value));
+        else if constexpr (std::is_same_v<T, float>)
+            WriteLine(&saver, L"%s %.9g", keyword, value);
+        else
+            WriteLine(&saver, L"%s %.9g %.9g %.9g", keyword, value);
     }
 
     void Line(const wchar_t* keyword, const CSys_String& text)
     {
-        saver.Write(0, L"%s %s", keyword, text.Get());
+        WriteLine(&saver, L"%s %s", keyword, text);
     }
 
     template <class T> void Option(const wchar_t* keyword, T& value, std::initializer_list<SKeyword> names, T)

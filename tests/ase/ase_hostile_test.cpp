@@ -7,15 +7,6 @@
 
 namespace
 {
-std::string Repeat(std::string_view text, std::size_t count)
-{
-    std::string repeated;
-    repeated.reserve(text.size() * count);
-    for (std::size_t i = 0; i < count; ++i)
-        repeated += text;
-    return repeated;
-}
-
 /// Levels of sub-maps beneath the first material's diffuse map.
 std::size_t CountLevels(CFileFormat_Ase& document)
 {
@@ -38,8 +29,7 @@ TEST(AseHostile, NestsAThousandLevelsAndPassesOverTheRest)
     CLogWatch log(2);
     for (const auto& [levels, loaded] : {std::pair{1000U, 1000U}, {1001U, 1000U}, {100'000U, 1000U}})
     {
-        CFileFormat_Ase document;
-        LoadText(document, NestMaps(levels));
+        auto document = LoadNew<CFileFormat_Ase>(NestMaps(levels));
         EXPECT_EQ(CountLevels(document), loaded);
         EXPECT_STREQ(document.Materials[0]->name.Get(), L"\"behind\"") << "reading goes on behind them";
         EXPECT_EQ(document.GeomObjects.GetNumItems(), 1U);
@@ -57,8 +47,7 @@ TEST(AseHostile, NestsAThousandLevelsAndPassesOverTheRest)
 TEST(AseHostile, LyingCountsCostNothing)
 {
     CLogWatch log(2);
-    CFileFormat_Ase document;
-    LoadText(document, "*MATERIAL_LIST {\n*MATERIAL_COUNT 2147483647\n}\n");
+    auto document = LoadNew<CFileFormat_Ase>("*MATERIAL_LIST {\n*MATERIAL_COUNT 2147483647\n}\n");
     EXPECT_EQ(document.Materials.GetNumItems(), 65536U);
     EXPECT_EQ(log.GetText(), "text(2): 2147483647 materials are more than the text can hold, 65536 are made\n");
     EXPECT_LE(sizeof(CFileFormat_Ase::CASEMaterial), 1000U) << "65,536 of them must stay below 64 MB";
@@ -70,9 +59,9 @@ TEST(AseHostile, LyingCountsCostNothing)
 
 TEST(AseHostile, KeepsNamesThatLookLikeSomethingElse)
 {
-    CFileFormat_Ase document;
-    LoadText(document, "*GEOMOBJECT {\n*NODE_NAME \"%s%n {\"\n*NODE_PARENT \"*MESH {\" {\n}\n*NODE_NAME \"// # }\"\n}\n"
-                       "*GEOMOBJECT {\n*NODE_NAME\n*NODE_PARENT *NODE_NAME x\n}\n");
+    auto document = LoadNew<CFileFormat_Ase>(
+        "*GEOMOBJECT {\n*NODE_NAME \"%s%n {\"\n*NODE_PARENT \"*MESH {\" {\n}\n*NODE_NAME \"// # }\"\n}\n"
+        "*GEOMOBJECT {\n*NODE_NAME\n*NODE_PARENT *NODE_NAME x\n}\n");
     ASSERT_EQ(document.GeomObjects.GetNumItems(), 2U);
     EXPECT_STREQ(document.GeomObjects[0]->name.Get(), L"\"// # }\"");
     EXPECT_STREQ(document.GeomObjects[0]->parent.Get(), L"\"*MESH {\" {");
@@ -86,9 +75,7 @@ TEST(AseHostile, WithoutMemoryTheRestIsStillRead)
     constexpr std::string_view text = "*GEOMOBJECT {\n*NODE_NAME a\n}\n*GEOMOBJECT {\n*NODE_NAME b\n}\n"
                                       "*MATERIAL_LIST {\n*MATERIAL_COUNT 3\n*MATERIAL 0 {\n}\n}\n*LIGHTOBJECT {\n}\n";
     CFileFormat_Ase document;
-    FailAllocations(0, 1);
-    LoadText(document, text);
-    FailAllocations(0, 0);
+    LoadWithout(document, text, 0);
     ASSERT_EQ(document.GeomObjects.GetNumItems(), 1U);
     EXPECT_STREQ(document.GeomObjects[0]->name.Get(), L"b");
     EXPECT_EQ(document.Materials.GetNumItems(), 3U);

@@ -47,8 +47,7 @@ TEST(AseMesh, ReadsFaceLinesByLabel)
     };
     for (const SFaceCase& row : cases)
     {
-        CMesh mesh;
-        LoadText(mesh, std::string("*MESH_FACE_LIST {\n") + row.line + "\n}\n}\n");
+        auto mesh = LoadNew<CMesh>(std::string("*MESH_FACE_LIST {\n") + row.line + "\n}\n}\n");
         ASSERT_EQ(mesh.faces.GetNumItems(), 1U) << row.line;
         const CFileFormat_AseRecords::CASEFace& face = *mesh.faces[0];
         EXPECT_EQ((std::vector{face.a, face.b, face.c, face.mtlid}), (std::vector{row.a, row.b, row.c, row.mtlid}))
@@ -59,12 +58,11 @@ TEST(AseMesh, ReadsFaceLinesByLabel)
 TEST(AseMesh, CornerNormalsGoRound)
 {
     // The first face is one normal short, so the next three begin with its third corner.
-    CMesh mesh;
-    LoadText(mesh, "*MESH_NORMALS {\n"
-                   "*MESH_VERTEXNORMAL 0 9 9 9\n" // before any face: dropped, and not counted
-                   "*MESH_FACENORMAL 0 0 0 1\n*MESH_VERTEXNORMAL 0 1 0 0\n*MESH_VERTEXNORMAL 0 2 0 0\n"
-                   "*MESH_FACENORMAL 1 0 0 1\n*MESH_VERTEXNORMAL 0 3 0 0\n*MESH_VERTEXNORMAL 0 4 0 0\n"
-                   "*MESH_VERTEXNORMAL 0 5 0 0\n}\n}\n");
+    auto mesh = LoadNew<CMesh>("*MESH_NORMALS {\n"
+                               "*MESH_VERTEXNORMAL 0 9 9 9\n" // before any face: dropped, and not counted
+                               "*MESH_FACENORMAL 0 0 0 1\n*MESH_VERTEXNORMAL 0 1 0 0\n*MESH_VERTEXNORMAL 0 2 0 0\n"
+                               "*MESH_FACENORMAL 1 0 0 1\n*MESH_VERTEXNORMAL 0 3 0 0\n*MESH_VERTEXNORMAL 0 4 0 0\n"
+                               "*MESH_VERTEXNORMAL 0 5 0 0\n}\n}\n");
     ASSERT_EQ(mesh.facenormals.GetNumItems(), 2U);
     EXPECT_EQ(mesh.facenormals[0]->vnormala.x, 1.0F);
     EXPECT_EQ(mesh.facenormals[0]->vnormalb.x, 2.0F);
@@ -91,8 +89,7 @@ namespace
 /// Every field of the mesh in the text.
 std::string DescribeMesh(std::string_view text)
 {
-    CMesh mesh;
-    LoadText(mesh, text);
+    auto mesh = LoadNew<CMesh>(text);
     CDescriber describer;
     Visit(describer, mesh);
     return describer.text;

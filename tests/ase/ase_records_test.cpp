@@ -2,22 +2,13 @@
 #include "formats/ase/ase.h"
 
 #include "tests/support/documents.h"
-
-#include <gtest/gtest.h>
+#include "tests/support/saved_lines.h"
 
 namespace
 {
 using CRecords = CFileFormat_AseRecords;
 
-struct SRecordCase
-{
-    const char* name;
-    const char* text;
-    const char* saved[3];     ///< Runs of lines that are written, without their tabs.
-    const char* left[3] = {}; ///< What is written nowhere.
-};
-
-const SRecordCase RecordCases[] = {
+const SSavedCase RecordCases[] = {
     {"SceneNumbers",
      "*SCENE {\n*SCENE_FIRSTFRAME -5\n*SCENE_LASTFRAME 100\n*SCENE_FRAMESPEED 30.5\n*SCENE_TICKSPERFRAME x\n"
      "*SCENE_BACKGROUND_STATIC 0.1 0.2\n*SCENE_ENVMAP {\n*SCENE_FIRSTFRAME 1\n}\n*SCENE_LASTFRAME 101\n}\n",
@@ -88,30 +79,22 @@ const SRecordCase RecordCases[] = {
      {"addanimation:\n{\nname: \naddanimationpos:\naddnode: 0 "}},
 };
 
-class AseRecord : public testing::TestWithParam<SRecordCase>
+class AseRecord : public testing::TestWithParam<SSavedCase>
 {
 };
 } // namespace
 
 TEST_P(AseRecord, IsSaved)
 {
-    CFileFormat_Ase document;
-    LoadText(document, GetParam().text);
-    std::string text = SaveText(document);
-    std::erase(text, '\t');
-    for (const char* const lines : GetParam().saved)
-        EXPECT_TRUE(lines == nullptr || text.find(lines) != text.npos) << lines << "in\n" << text;
-    for (const char* const word : GetParam().left)
-        EXPECT_TRUE(word == nullptr || text.find(word) == text.npos) << word << " in\n" << text;
+    auto document = LoadNew<CFileFormat_Ase>(GetParam().text);
+    ExpectLines(GetParam(), SaveText(document));
 }
 
-INSTANTIATE_TEST_SUITE_P(Ase, AseRecord, testing::ValuesIn(RecordCases),
-                         [](const testing::TestParamInfo<SRecordCase>& row) { return std::string(row.param.name); });
+INSTANTIATE_TEST_SUITE_P(Ase, AseRecord, testing::ValuesIn(RecordCases), SRowName());
 
 TEST(AseNode, ResetsOnlyTheMatrix)
 {
-    CRecords::CASENode node;
-    LoadText(node, "*TM_ROW0 1 2 3\n*TM_ROW3 7 8 9\n*TM_POS 4 5 6\n}\n");
+    auto node = LoadNew<CRecords::CASENode>("*TM_ROW0 1 2 3\n*TM_ROW3 7 8 9\n*TM_POS 4 5 6\n}\n");
     EXPECT_EQ(node.matrix.m[3][0], 7.0F);
     LoadText(node, "*TM_ROTANGLE 2\n}\n");
     EXPECT_EQ(node.matrix.m[0][2], 0.0F);
@@ -121,11 +104,11 @@ TEST(AseNode, ResetsOnlyTheMatrix)
 
 TEST(AseMaterial, KeepsMapsAndSubMaterialsInTheOrderMet)
 {
-    CRecords::CASEMaterial material;
-    LoadText(material, "*MAP_BUMP {\n*MAP_AMOUNT 0.5\n*MAP_GENERIC {\n*MAP_NAME \"a\"\n}\n}\n*NUMSUBMTLS 3\n"
-                       "*SUBMATERIAL 7 {\n*MATERIAL_NAME \"first\"\n*SUBMATERIAL 0 {\n*MATERIAL_NAME \"inner\"\n}\n}\n"
-                       "*SUBMATERIAL 1 {\n*MATERIAL_NAME \"second\"\n}\n"
-                       "*MAP_BUMP {\n*MAP_SUBNO 5\n*MAP_GENERIC {\n*MAP_NAME \"b\"\n}\n}\n}\n");
+    auto material = LoadNew<CRecords::CASEMaterial>(
+        "*MAP_BUMP {\n*MAP_AMOUNT 0.5\n*MAP_GENERIC {\n*MAP_NAME \"a\"\n}\n}\n*NUMSUBMTLS 3\n"
+        "*SUBMATERIAL 7 {\n*MATERIAL_NAME \"first\"\n*SUBMATERIAL 0 {\n*MATERIAL_NAME \"inner\"\n}\n}\n"
+        "*SUBMATERIAL 1 {\n*MATERIAL_NAME \"second\"\n}\n"
+        "*MAP_BUMP {\n*MAP_SUBNO 5\n*MAP_GENERIC {\n*MAP_NAME \"b\"\n}\n}\n}\n");
     EXPECT_EQ(material.map_bump.subno, 5);
     EXPECT_EQ(material.map_bump.amount, 0.5F);
     ASSERT_EQ(material.map_bump.generic.GetNumItems(), 2U) << "a second block of one map appends";

@@ -6,11 +6,6 @@
 
 namespace
 {
-void LoadInto(CFileFormat_Ase& document, std::string_view text)
-{
-    EXPECT_EQ(LoadText(document, text), 1);
-}
-
 /// The names of the materials, joined by blanks.
 std::wstring GetMaterialNames(const CFileFormat_Ase& document)
 {
@@ -23,15 +18,12 @@ std::wstring GetMaterialNames(const CFileFormat_Ase& document)
 
 TEST(Ase, SavesTheSampleAsExpected)
 {
-    CFileFormat_Ase document;
-    LoadInto(document, ReadSample("scene.ase"));
-    EXPECT_EQ(SaveText(document), ReadSample("expected/scene.txt"));
+    EXPECT_EQ(SaveText(LoadNew<CFileFormat_Ase>(ReadSample("scene.ase"))), ReadSample("expected/scene.txt"));
 }
 
 TEST(Ase, EmptySavesItsSceneOnly)
 {
-    CFileFormat_Ase document;
-    LoadInto(document, "");
+    auto document = LoadNew<CFileFormat_Ase>("");
     const std::string text = SaveText(document);
     EXPECT_TRUE(text.starts_with("{\n\taddscene:\n\t{\n\t\tfirstframe: 0\n\t\t"));
     EXPECT_EQ(text.find("add", 5), std::string::npos);
@@ -41,8 +33,8 @@ TEST(Ase, LoadsOntoWhatItHolds)
 {
     CFileFormat_Ase document;
     const std::string sample = ReadSample("scene.ase");
-    LoadInto(document, sample);
-    LoadInto(document, "*SCENE {\n*SCENE_LASTFRAME 7\n}\n*GEOMOBJECT {\n*NODE_NAME \"Crate\"\n}\n");
+    LoadText(document, sample);
+    LoadText(document, "*SCENE {\n*SCENE_LASTFRAME 7\n}\n*GEOMOBJECT {\n*NODE_NAME \"Crate\"\n}\n");
     EXPECT_EQ(document.Scene.framespeed, 30);
     EXPECT_EQ(document.Scene.lastframe, 7);
     EXPECT_EQ(document.GeomObjects.GetNumItems(), 3U);
@@ -54,7 +46,7 @@ TEST(Ase, LoadsOntoWhatItHolds)
     EXPECT_EQ(document.GeomObjects.GetNumItems() + document.Materials.GetNumItems() + document.Lights.GetNumItems() +
                   document.Helpers.GetNumItems() + document.Cameras.GetNumItems() + document.ShapeObjects.GetNumItems(),
               0U);
-    LoadInto(document, sample);
+    LoadText(document, sample);
     EXPECT_EQ(document.GeomObjects.GetNumItems(), 2U);
 }
 
@@ -80,8 +72,8 @@ TEST(Ase, ReadsMaterialListsAsTheyCount)
     };
     for (const SListCase& row : cases)
     {
-        CFileFormat_Ase document;
-        LoadInto(document, std::string("*MATERIAL_LIST {\n") + row.text + "}\n*GEOMOBJECT {\n}\n");
+        auto document =
+            LoadNew<CFileFormat_Ase>(std::string("*MATERIAL_LIST {\n") + row.text + "}\n*GEOMOBJECT {\n}\n");
         EXPECT_EQ(GetMaterialNames(document), row.names) << row.name;
         EXPECT_EQ(document.GeomObjects.GetNumItems(), 1U) << row.name;
     }
@@ -90,7 +82,7 @@ TEST(Ase, ReadsMaterialListsAsTheyCount)
 TEST(Ase, FindsObjectsWhereBracesAreMissing)
 {
     CFileFormat_Ase document;
-    LoadInto(document,
+    LoadText(document,
              "*MATERIAL_LIST {\n*MATERIAL_COUNT 1\n*MATERIAL 0 {\n*MAP_DIFFUSE {\n*MAP_GENERIC {\n"
              "*GEOMOBJECT {\n*NODE_NAME a\n*MESH {\n*MESH_VERTEX_LIST {\n*MESH_VERTEX 0 1 2 3\n"
              "*LIGHTOBJECT {\n*NODE_NAME b\n}\n*HELPEROBJECT {\n*UNKNOWN {\n*CAMERAOBJECT {\n}\n*SHAPEOBJECT {\n}\n");
@@ -106,7 +98,7 @@ TEST(Ase, FindsObjectsWhereBracesAreMissing)
 TEST(Ase, VisitsEveryNameInOrder)
 {
     CFileFormat_Ase document;
-    LoadInto(document,
+    LoadText(document,
              "*MATERIAL_LIST {\n*MATERIAL_COUNT 1\n*MATERIAL 0 {\n*MATERIAL_NAME m\n*MATERIAL_CLASS mc\n}\n}\n"
              "*GEOMOBJECT {\n*NODE_NAME g\n*NODE_PARENT gp\n*NODE_TM {\n*NODE_NAME gn\n}\n*TM_ANIMATION {\n"
              "*NODE_NAME ga\n}\n}\n"

@@ -6,6 +6,7 @@
 
 #include <bit>
 #include <cstring>
+#include <sstream>
 
 namespace
 {
@@ -21,65 +22,60 @@ std::string Raw(std::initializer_list<float> numbers)
             bytes += static_cast<char>(bits & 0xFF);
     return bytes;
 }
+
+/// The nodes that the text gives: key and values of each.
+template <unsigned N> std::string Read(std::string_view text)
+{
+    std::ostringstream out;
+    const auto list = LoadNew<TChannelList<float, N>>(text);
+    for (const auto& node : list.channelNodes)
+    {
+        out << node.key;
+        for (const float value : node.value)
+            out << ' ' << value;
+        out << '|';
+    }
+    return out.str();
+}
 } // namespace
 
 TEST(ChannelList, LoadReplacesTheNodes)
 {
-    CChannels3 list;
-    list.channelNodes.Add();
-    LoadText(list,
-             "{\nskipped 1 2 3 4\naddnode: 1 2 3 4\nblock:\n{\naddnode: 9 9 9 9\n}\naddnode: 5 6\naddnode: x\n}\n");
-    EXPECT_EQ(SaveText(list), "{\n\taddnode: 1.000000 2.000000 3.000000 4.000000\n"
-                              "\taddnode: 5.000000 6.000000 0.000000 0.000000\n"
-                              "\taddnode: 0.000000 0.000000 0.000000 0.000000\n}\n");
+    auto list = LoadNew<CChannels3>("{\naddnode: 9 9 9 9\n}\n");
+    LoadText(list, "{\naddnode: 1 2 3 0.5\naddnode: 5 6\n}\n");
+    EXPECT_EQ(SaveText(list), "{\n\taddnode: 1.000000 2.000000 3.000000 0.500000\n"
+                              "\taddnode: 5.000000 6.000000 0.000000 0.000000\n}\n");
     EXPECT_EQ(list.DeleteAll(), 1);
     EXPECT_EQ(list.channelNodes.Capacity, 0U);
 }
 
-// The keyword need not be a word of its own, yet the whole first word is removed.
-TEST(ChannelList, KeywordIsAPrefix)
+TEST(ChannelList, ReadsLines)
 {
-    CChannels3 list;
-    LoadText(list, "{\naddnode:7 1 2 3 4\naddnodes: 9 9 9 9\n}\n");
-    EXPECT_EQ(SaveText(list), "{\n\taddnode: 1.000000 2.000000 3.000000 4.000000\n}\n");
+    EXPECT_EQ(Read<3>("{\nskipped 1 2 3 4\naddnode: 1 2 3 4\nblock:\n{\naddnode: 9 9 9 9\n}\naddnode: x\n}\n"),
+              "1 2 3 4|0 0 0 0|");
+    EXPECT_EQ(Read<3>("{\naddnode:7 1 2 3 4\naddnodes: 9 9 9 9\n}\n"), "1 2 3 4|")
+        << "the keyword need not be a word of its own, yet the whole first word is removed";
+    EXPECT_EQ(Read<3>("{\naddnode: 1 2 3 4\naddbnodes: 1\naddnode: 5 6 7 8\n}\n"), "1 2 3 4|5 6 7 8|")
+        << "three channels have no raw nodes";
 }
 
 TEST(RawNodes, ReplaceThoseBeforeAndGoOnBehind)
 {
-    CChannels4 list;
-    LoadText(list, "{\r\naddnode: 9 9 9 9 9\r\naddbnodes: 2\r\n" + Raw({1, 2, 3, 4, 5, 6, 7, 8, 9, 10}) +
-                       "\r\naddnode: 11 12 13 14 15\r\n}\r\n");
-    EXPECT_EQ(SaveText(list), "{\n\taddnode: 1.000000 2.000000 3.000000 4.000000 5.000000\n"
-                              "\taddnode: 6.000000 7.000000 8.000000 9.000000 10.000000\n"
-                              "\taddnode: 11.000000 12.000000 13.000000 14.000000 15.000000\n}\n");
+    const std::string raw = Raw({1, 2, 3, 4, 5, 6, 7, 8, 9, 10});
+    EXPECT_EQ(Read<4>("{\r\naddnode: 9 9 9 9 9\r\naddbnodes: 2\r\n" + raw + "\r\naddnode: 11 12 13 14 15\r\n}\r\n"),
+              "1 2 3 4 5|6 7 8 9 10|11 12 13 14 15|");
+    for (const std::string line : {"addbnodes: 0", "addbnodes:", "addbnodes: x"})
+        EXPECT_EQ(Read<4>("{\naddnode: 1 1 1 1 1\n" + line + "\r\naddnode: 2 2 2 2 2\n}\n"), "1 1 1 1 1|2 2 2 2 2|");
 }
 
 // Bytes that look like lines, braces or blanks are still numbers.
 TEST(RawNodes, AreNotTakenForText)
 {
     const std::string bytes = "}\n{\naddnode: 9 9 9 9 9";
-    CChannels4 list;
-    LoadText(list, "{\naddbnodes:1\r\n" + bytes.substr(0, 20) + "addnode: 1 1 1 1 1\n}\n");
+    const auto list = LoadNew<CChannels4>("{\naddbnodes:1\r\n" + bytes.substr(0, 20) + "addnode: 1 1 1 1 1\n}\n");
     ASSERT_EQ(list.channelNodes.GetNumItems(), 2U);
     EXPECT_EQ(std::memcmp(list.channelNodes.Items, bytes.data(), 20), 0);
     EXPECT_EQ(list.channelNodes[1]->key, 1.0F);
-}
-
-TEST(RawNodes, ThreeChannelsHaveNone)
-{
-    CChannels3 list;
-    LoadText(list, "{\naddnode: 1 2 3 4\naddbnodes: 1\naddnode: 5 6 7 8\n}\n");
-    EXPECT_EQ(list.channelNodes.GetNumItems(), 2U);
-}
-
-TEST(RawNodes, CountOfNoneMovesOnTwoBytes)
-{
-    for (const char* line : {"addbnodes: 0", "addbnodes:", "addbnodes: x"})
-    {
-        CChannels4 list;
-        LoadText(list, std::string("{\naddnode: 1 1 1 1 1\n") + line + "\r\naddnode: 2 2 2 2 2\n}\n");
-        EXPECT_EQ(list.channelNodes.GetNumItems(), 2U) << line;
-    }
 }
 
 TEST(RawNodes, CountThatTheTextCannotHoldAddsNone)
@@ -89,8 +85,7 @@ TEST(RawNodes, CountThatTheTextCannotHoldAddsNone)
     {
         CLogWatch log(2);
         CRegistryWatch watch;
-        CChannels4 list;
-        LoadText(list, "{\naddnode: 1 1 1 1 1\naddbnodes: " + std::string(count) + "\r\n" + rest);
+        auto list = LoadNew<CChannels4>("{\naddnode: 1 1 1 1 1\naddbnodes: " + std::string(count) + "\r\n" + rest);
         EXPECT_EQ(list.channelNodes.GetNumItems(), 2U) << count;
         EXPECT_EQ(watch.registry.GetAllocatedSize(), 128 * sizeof(CChannels4::SData)) << count;
         EXPECT_EQ(log.GetText().rfind("text(3): ", 0), 0U) << log.GetText();
@@ -115,9 +110,8 @@ TEST(RawNodes, WithoutMemoryAreStillNoText)
 {
     const std::string bytes = "}\n}\naddnode: 9 9 9 9";
     CChannels4 list;
-    FailAllocations(1, 1); // the first is the line buffer
-    EXPECT_EQ(LoadText(list, "{\naddbnodes: 1\r\n" + bytes + "\naddnode: 1 1 1 1 1\n}\n"), 1);
-    FailAllocations(0, 0);
+    // the first is the line buffer
+    EXPECT_EQ(LoadWithout(list, "{\naddbnodes: 1\r\n" + bytes + "\naddnode: 1 1 1 1 1\n}\n", 1), 1);
     ASSERT_EQ(bytes.size(), sizeof(CChannels4::SData));
     ASSERT_EQ(list.channelNodes.GetNumItems(), 1U);
     EXPECT_EQ(list.channelNodes[0]->key, 1.0F);

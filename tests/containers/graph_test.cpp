@@ -77,8 +77,8 @@ TEST(Graph, LoadReplacesNodesAndKeepsTheOwnersFunctions)
 
 TEST(Graph, PassesOverExtraDataThatNobodyReads)
 {
-    CGraph graph;
-    LoadText(graph, "{\n" + NodeText("addextradata:\n{\naddlink: 1 2\n}\naddlink: 3 4\n") + NodeText("") + "}\n");
+    auto graph =
+        LoadNew<CGraph>("{\n" + NodeText("addextradata:\n{\naddlink: 1 2\n}\naddlink: 3 4\n") + NodeText("") + "}\n");
     ASSERT_EQ(graph.nodes.GetNumItems(), 2U);
     ASSERT_EQ(graph.nodes[0]->GetNumItems(), 1U);
     EXPECT_EQ(graph.nodes[0]->links[0]->first, 3U);

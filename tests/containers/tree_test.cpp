@@ -26,12 +26,7 @@ template <class T> TTreeKey<T>* AddKey(TTreeFolder<T>& folder, const std::wstrin
 
 std::string Nested(unsigned levels)
 {
-    std::string text = "{\n";
-    for (unsigned i = 0; i < levels; ++i)
-        text += "addfolder: f\n{\n";
-    for (unsigned i = 0; i < levels; ++i)
-        text += "}\n";
-    return text + "addkey: last\n{\n}\n}\n";
+    return "{\n" + Repeat("addfolder: f\n{\n", levels) + Repeat("}\n", levels) + "addkey: last\n{\n}\n}\n";
 }
 
 unsigned CountLevels(const CFolder& root)
@@ -45,10 +40,10 @@ unsigned CountLevels(const CFolder& root)
 
 TEST(Tree, SavesSubfoldersBeforeKeys)
 {
-    CTree tree;
-    LoadText(tree, "{\naddkey: A\n{\ntext: \"a\"\n}\naddfolder: two words\n{\naddkey: B\n{\n}\n}\nnonsense\n}\n");
-    EXPECT_EQ(SaveText(tree), "{\n\taddfolder: two words\n\t{\n\t\taddkey: B\n\t\t{\n\t\t}\n\t}\n\taddkey: "
-                              "A\n\t{\n\t\ttext: \"a\"\n\t}\n}\n");
+    EXPECT_EQ(SaveText(LoadNew<CTree>(
+                  "{\naddkey: A\n{\ntext: \"a\"\n}\naddfolder: two words\n{\naddkey: B\n{\n}\n}\nnonsense\n}\n")),
+              "{\n\taddfolder: two words\n\t{\n\t\taddkey: B\n\t\t{\n\t\t}\n\t}\n\taddkey: "
+              "A\n\t{\n\t\ttext: \"a\"\n\t}\n}\n");
 }
 
 TEST(Tree, LoadAppendsAndKeepsEqualNames)
@@ -65,9 +60,7 @@ TEST(Tree, LoadAppendsAndKeepsEqualNames)
 TEST(Tree, KeyOfAnElementWithoutTextIsOneLine)
 {
     const char text[] = "{\n\taddfolder: f {\n\t{\n\t\taddkey: a {\n\t\taddkey: b\n\t}\n\taddkey: c\n}\n";
-    TTree<CSys_ProfilerSystem::SProfileInfo> measurements;
-    LoadText(measurements, text);
-    EXPECT_EQ(SaveText(measurements), text);
+    EXPECT_EQ(SaveText(LoadNew<TTree<CSys_ProfilerSystem::SProfileInfo>>(text)), text);
     TTree<TResourceHandle<CGraphics_Texture>> handles;
     LoadText(handles, text);
     EXPECT_EQ(SaveText(handles), text);
@@ -77,8 +70,7 @@ TEST(Tree, KeyOfAnElementWithoutTextIsOneLine)
 // Both keywords are tested on one line, the second on what the first has left of it.
 TEST(Tree, FolderLineMayHoldAKeyToo)
 {
-    TTree<CSys_ProfilerSystem::SProfileInfo> tree;
-    LoadText(tree, "{\naddfolder: addkey: k\n{\n}\n}");
+    auto tree = LoadNew<TTree<CSys_ProfilerSystem::SProfileInfo>>("{\naddfolder: addkey: k\n{\n}\n}");
     ASSERT_EQ(tree.root.folders.GetNumItems(), 1U);
     ASSERT_EQ(tree.root.keys.GetNumItems(), 1U);
     EXPECT_EQ(tree.root.folders[0]->name, CSys_String(L"addkey: k"));
@@ -87,20 +79,17 @@ TEST(Tree, FolderLineMayHoldAKeyToo)
 
 TEST(Tree, PassesOverUnknownBlocks)
 {
-    CTree tree;
-    LoadText(tree, "{\naddfolder: a {\n{\n}\nunknown:\n{\naddkey: inner\n{\n}\n}\naddkey: outer\n{\n}\n}");
+    auto tree = LoadNew<CTree>("{\naddfolder: a {\n{\n}\nunknown:\n{\naddkey: inner\n{\n}\n}\naddkey: outer\n{\n}\n}");
     ASSERT_EQ(tree.root.keys.GetNumItems(), 1U);
     EXPECT_EQ(tree.root.keys[0]->name, CSys_String(L"outer"));
 }
 
 TEST(Tree, EscapesOfAnyNumberComeBack)
 {
-    CTree tree;
-    LoadText(tree, "addkey: a\n{\ntext: \"\\uFFFFFFFFFFFFFFFF;b\\u110000;\\uD800;\"\n}\n");
+    auto tree = LoadNew<CTree>("addkey: a\n{\ntext: \"\\uFFFFFFFFFFFFFFFF;b\\u110000;\\uD800;\"\n}\n");
     EXPECT_EQ(tree.root.keys[0]->Get()[1], L'b');
     const std::string saved = SaveText(tree);
-    CTree again;
-    LoadText(again, saved);
+    auto again = LoadNew<CTree>(saved);
     EXPECT_EQ(SaveText(again), saved);
     EXPECT_EQ(CSys_String(*again.root.keys[0]), CSys_String(*tree.root.keys[0]));
 }
@@ -148,15 +137,12 @@ TEST(Tree, FoldersOfHandlesCannotBeCopied)
 TEST(Tree, LoadsAThousandLevelsAndPassesOverTheRest)
 {
     CLogWatch log(2);
-    CTree tree;
-    LoadText(tree, Nested(1000));
+    auto tree = LoadNew<CTree>(Nested(1000));
     EXPECT_EQ(CountLevels(tree.root), 1000U);
-    CTree again;
-    LoadText(again, SaveText(tree));
+    auto again = LoadNew<CTree>(SaveText(tree));
     EXPECT_EQ(CountLevels(CTree(again).root), 1000U);
     EXPECT_EQ(log.GetText(), "");
-    CTree deeper;
-    LoadText(deeper, Nested(100'000));
+    auto deeper = LoadNew<CTree>(Nested(100'000));
     EXPECT_EQ(CountLevels(deeper.root), 1000U);
     EXPECT_EQ(deeper.root.keys.GetNumItems(), 1U);
     EXPECT_EQ(log.GetText(), "text(2002): blocks nested deeper than 1000 levels are passed over\n");

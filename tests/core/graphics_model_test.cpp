@@ -25,8 +25,7 @@ TEST(GraphicsModel, NotANumberStaysOne)
 {
     CGraphics_Model model;
     *model.Points.Add() = {1, std::numeric_limits<float>::quiet_NaN(), -2};
-    CGraphics_Model loaded;
-    LoadText(loaded, SaveText(model));
+    auto loaded = LoadNew<CGraphics_Model>(SaveText(model));
     ASSERT_EQ(loaded.Points.NumItems, 1U);
     EXPECT_TRUE(std::isnan(loaded.Points[0]->y));
     EXPECT_EQ(loaded.Points[0]->z, -2.0F);
@@ -34,9 +33,9 @@ TEST(GraphicsModel, NotANumberStaysOne)
 
 TEST(GraphicsModel, UnknownLinesAndBlocksArePassedOver)
 {
-    CGraphics_Model model;
-    LoadText(model, "{\nversion: 2\naddlight:\n{\naddpoint: 1 1 1\n}\naddpoint: 4 5\naddgeometry:\n{\nmesh:\n{\n"
-                    "cornera: 1 2 3 4 5 6 7 8 9\naddvertex: 7 8 9\nbones:\n{\naddvertex: 0 0 0\n}\n}\n}\n}\n");
+    auto model = LoadNew<CGraphics_Model>(
+        "{\nversion: 2\naddlight:\n{\naddpoint: 1 1 1\n}\naddpoint: 4 5\naddgeometry:\n{\nmesh:\n{\n"
+        "cornera: 1 2 3 4 5 6 7 8 9\naddvertex: 7 8 9\nbones:\n{\naddvertex: 0 0 0\n}\n}\n}\n}\n");
     ASSERT_EQ(model.Points.NumItems, 1U);
     EXPECT_EQ(*model.Points[0], CMath_Vector3(4, 5, 0));
     ASSERT_EQ(model.Geometries.NumItems, 1U);

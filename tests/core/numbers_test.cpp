@@ -21,10 +21,14 @@ std::wstring Widen(const std::string& text)
 }
 
 /// Scans, and says how much of the text was taken.
-template <class T, class TScan> bool Scan(TScan scan, const std::wstring& text, T& value, std::size_t& taken)
+template <class T> bool Scan(const std::wstring& text, T& value, std::size_t& taken)
 {
     const wchar_t* at = text.c_str();
-    const bool isthere = scan(at, value);
+    bool isthere = false;
+    if constexpr (std::is_same_v<T, float>)
+        isthere = ScanFloat(at, value);
+    else
+        isthere = ScanInteger(at, value);
     taken = static_cast<std::size_t>(at - text.c_str());
     return isthere;
 }
@@ -37,6 +41,18 @@ struct SIntegerCase
     std::size_t taken;
 };
 
+template <class T, std::size_t N> void ExpectIntegers(const SIntegerCase (&cases)[N])
+{
+    for (const SIntegerCase& row : cases)
+    {
+        T value = 0;
+        std::size_t taken = 0;
+        EXPECT_EQ(Scan(row.text, value, taken), row.isthere) << row.text;
+        EXPECT_EQ(value, row.value) << row.text;
+        EXPECT_EQ(taken, row.taken) << row.text;
+    }
+}
+
 std::string WriteFixedText(double value)
 {
     char text[NumberCapacity];
@@ -46,12 +62,11 @@ std::string WriteFixedText(double value)
 /// The same float from the library as from the C library, and the same end.
 void ExpectLikeCLibrary(const std::string& text)
 {
-    const std::wstring wide = Widen(text);
     char* end = nullptr;
     const float expected = std::strtof(text.c_str(), &end);
     float value = -12345.0F;
     std::size_t taken = 0;
-    const bool isthere = Scan([](const wchar_t*& at, float& to) { return ScanFloat(at, to); }, wide, value, taken);
+    const bool isthere = Scan(Widen(text), value, taken);
     ASSERT_EQ(isthere, end != text.c_str()) << text;
     if (!isthere)
         return;
@@ -65,7 +80,7 @@ void ExpectLikeCLibrary(const std::string& text)
 
 TEST(ScanInteger, TakesLongestPrefixAndSaturates)
 {
-    static const SIntegerCase cases[] = {
+    ExpectIntegers<std::int32_t>({
         {L"30.5", true, 30, 2},
         {L"  \t-7 8", true, -7, 5},
         {L"+5", true, 5, 2},
@@ -76,37 +91,17 @@ TEST(ScanInteger, TakesLongestPrefixAndSaturates)
         {L"-", false, 0, 0},
         {L"a1", false, 0, 0},
         {L"- 1", false, 0, 0},
-    };
-    for (const SIntegerCase& row : cases)
-    {
-        std::int32_t value = 0;
-        std::size_t taken = 0;
-        EXPECT_EQ(
-            Scan([](const wchar_t*& at, std::int32_t& to) { return ScanInteger(at, to); }, row.text, value, taken),
-            row.isthere)
-            << row.text;
-        EXPECT_EQ(value, row.value) << row.text;
-        EXPECT_EQ(taken, row.taken) << row.text;
-    }
+    });
 }
 
 TEST(ScanInteger, UnsignedTakesNegativesAsTheirPattern)
 {
-    static const SIntegerCase cases[] = {
+    ExpectIntegers<std::uint32_t>({
         {L"4294967295", true, 4294967295LL, 10},
         {L"4294967296", true, 4294967295LL, 10},
         {L"-1", true, 4294967295LL, 2},
         {L"-2147483648", true, 2147483648LL, 11},
-    };
-    for (const SIntegerCase& row : cases)
-    {
-        std::uint32_t value = 0;
-        std::size_t taken = 0;
-        EXPECT_TRUE(
-            Scan([](const wchar_t*& at, std::uint32_t& to) { return ScanInteger(at, to); }, row.text, value, taken));
-        EXPECT_EQ(value, row.value) << row.text;
-        EXPECT_EQ(taken, row.taken) << row.text;
-    }
+    });
 }
 
 TEST(ScanFloat, TakesWhatTheCLibraryTakes)
@@ -195,10 +190,9 @@ TEST(WriteExact, ReadsBackToTheSameBits)
             EXPECT_EQ(written, "nan");
         else
         {
-            const std::wstring wide = Widen(written);
-            const wchar_t* at = wide.c_str();
             float back = 0.0F;
-            EXPECT_TRUE(ScanFloat(at, back));
+            std::size_t taken = 0;
+            EXPECT_TRUE(Scan(Widen(written), back, taken));
             EXPECT_EQ(std::bit_cast<std::uint32_t>(back), std::bit_cast<std::uint32_t>(any)) << written;
         }
     }

@@ -51,8 +51,7 @@ TEST(EnvelopePrune, WithoutMemoryNothingIsRemoved)
 {
     const std::string text = "[boneName]\n[boneID] 4\n[boneName]\n[boneID] 9\n[vertex\nvertexWeightCount 1\n";
     FailAllocations(3, 1); // the line, the bones and the vertices are had
-    CFileFormat_Envelope document;
-    LoadText(document, text);
+    auto document = LoadNew<CFileFormat_Envelope>(text);
     FailAllocations(0, 0);
     ASSERT_EQ(document.bones.GetNumItems(), 2U);
     EXPECT_EQ(document.bones[1]->boneID, 9U);

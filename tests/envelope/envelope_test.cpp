@@ -4,6 +4,7 @@
 #include "core/numbers.h"
 #include "tests/hostile/fields.h"
 #include "tests/support/odd_lines.h"
+#include "tests/support/saved_lines.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -53,31 +54,6 @@ std::string NameBones(unsigned count)
     return text;
 }
 } // namespace
-
-TEST(Envelope, ReadsTheSampleWithDecimalCommas)
-{
-    CFileFormat_Envelope document;
-    LoadEnvelope(document, ReadSample("arm.envASCII"));
-    EXPECT_EQ(document.ver, 3);
-    EXPECT_EQ(document.nodeCount, 1);
-    EXPECT_STREQ(document.baseNodeName.Get(), L"Arm Mesh");
-    ASSERT_EQ(document.bones.GetNumItems(), 3U) << "no weight names the twist bone";
-    const CFileFormat_Envelope::CEnvelopeBone& hand = *document.bones[2];
-    EXPECT_STREQ(hand.boneName.Get(), L"Bip01 Hand");
-    EXPECT_EQ(hand.boneID, 2U) << "5 in the text";
-    EXPECT_EQ(hand.boneFlagAbsolute, 1);
-    EXPECT_EQ(hand.boneFalloff, 2);
-    EXPECT_EQ(hand.boneEndPoint, CMath_Vector3(7.5F, -0.75F, 0.125F));
-    EXPECT_EQ(hand.crossSection.outer0, 1.25F);
-    EXPECT_EQ(hand.crossSection.u1, 0.9F);
-    ASSERT_EQ(document.vertices.GetNumItems(), 6U);
-    EXPECT_EQ(document.vertices[2]->vertexLocalPosition, CMath_Vector3(3.75F, 0.5F, 0.25F));
-    EXPECT_EQ(ShowWeights(*document.vertices[1]), "0:0.75 1:0.25 ");
-    EXPECT_EQ(ShowWeights(*document.vertices[3]), "2:0.699999988 1:9.99999975e-05 ");
-    EXPECT_EQ(ShowWeights(*document.vertices[5]), "2:0.800000012 1:0.150000006 0:9.99999975e-05 ");
-    ASSERT_EQ(document.exclusionLists.GetNumItems(), 3U);
-    EXPECT_THAT(GetExclusions(document, 2), ElementsAre(3U, 0U));
-}
 
 TEST(Envelope, PrintsAndLogsWhatItExcludes)
 {
@@ -189,8 +165,7 @@ static const SLines kLines[] = {
      ShowDocument, "0 0 1 4 2"},
 };
 
-INSTANTIATE_TEST_SUITE_P(Envelope, EnvelopeLine, testing::ValuesIn(kLines),
-                         [](const testing::TestParamInfo<SLines>& row) { return std::string(row.param.name); });
+INSTANTIATE_TEST_SUITE_P(Envelope, EnvelopeLine, testing::ValuesIn(kLines), SRowName());
 
 TEST(Envelope, ReadsVerticesInPlaceAsLineByLine)
 {
@@ -256,13 +231,9 @@ TEST(Envelope, ExclusionListsAreRead)
 TEST(Envelope, TellsTheEntriesOfTheSixtySecondList)
 {
     CLogWatch log(1);
-    std::string text;
-    for (int i = 0; i < 63; ++i)
-        text += "[exclusionListForBone\n";
-    const std::size_t last = text.size() - std::strlen("[exclusionListForBone\n");
-    text.insert(last, "exclusionVertexCount 2\nexcludedVerts 4 8\n");
     CFileFormat_Envelope document;
-    LoadEnvelope(document, text + "exclusionVertexCount 1\nexcludedVerts 5\n");
+    LoadEnvelope(document, Repeat("[exclusionListForBone\n", 62) + "exclusionVertexCount 2\nexcludedVerts 4 8\n" +
+                               "[exclusionListForBone\nexclusionVertexCount 1\nexcludedVerts 5\n");
     EXPECT_EQ(log.GetText(), "exclude list: 61 (2)\nexclude: 61 -> 4\nexclude: 61 -> 8\nexclude list: 62 (1)\n");
 }
 
@@ -291,12 +262,10 @@ TEST(Envelope, LoadingTwiceAppendsAndDestroyEmpties)
 
 TEST(Envelope, ReadsLinesOfSixtyFiveThousandCharacters)
 {
-    std::string numbers;
-    while (numbers.size() < 65'000)
-        numbers += " 123456";
     CFileFormat_Envelope document;
-    LoadEnvelope(document, "[exclusionListForBone 0]\nexclusionVertexCount 10000\nexcludedVerts" + numbers + "\n");
-    EXPECT_EQ(document.exclusionLists[0]->excludedVerts.GetNumItems(), numbers.size() / 7);
+    LoadEnvelope(document, "[exclusionListForBone 0]\nexclusionVertexCount 10000\nexcludedVerts" +
+                               Repeat(" 123456", 9286) + "\n");
+    EXPECT_EQ(document.exclusionLists[0]->excludedVerts.GetNumItems(), 9286U);
 }
 
 TEST(EnvelopeHostile, LyingCountsCostNothing)

@@ -29,8 +29,7 @@ template <class TDocument> void LoadAnything(std::string_view text)
     const std::string saved = SaveText(document);
     if constexpr (SFormat<TDocument>::SavesWhatItLoads)
     {
-        TDocument again;
-        LoadText(again, saved);
+        auto again = LoadNew<TDocument>(saved);
         Check(again);
         ASSERT_EQ(SaveText(again), saved);
     }
@@ -62,7 +61,6 @@ template <class TDocument> class EveryBroken : public Every<TDocument>
 
     const CRegistryWatch watch;
     const std::int64_t memorycount = GetMemoryCount();
-    const std::vector<std::string> samples = GetSamples<TDocument>();
 };
 TYPED_TEST_SUITE(EveryBroken, CDocuments, SFormatNames);
 
@@ -105,8 +103,7 @@ TYPED_TEST(EveryBroken, NumbersMadeLarger)
     for (const std::string& sample : this->samples)
     {
         const CRegistryWatch measured;
-        TypeParam sound;
-        LoadText(sound, sample);
+        auto sound = LoadNew<TypeParam>(sample);
         const std::size_t soundsize = measured.registry.GetAllocatedSize();
         std::size_t place = 0;
         for (std::size_t at = 0; (at = sample.find_first_of(digits, at)) != std::string::npos && !this->HasFailure();)
@@ -116,8 +113,7 @@ TYPED_TEST(EveryBroken, NumbersMadeLarger)
                 sample.substr(0, at) + numbers[++place % std::size(numbers)] + sample.substr(end);
             {
                 const CRegistryWatch own;
-                TypeParam document;
-                LoadText(document, larger);
+                auto document = LoadNew<TypeParam>(larger);
                 EXPECT_LE(own.registry.GetAllocatedSize(),
                           2 * soundsize + 64 * sample.size() + SFormat<TypeParam>::TrustedMemory)
                     << "at " << at;

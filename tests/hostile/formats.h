@@ -86,7 +86,7 @@ template <> struct SFormat<CFileFormat_X> : SFormatBase<CFileFormat_X, CFiller::
             saver.Write(0, L"MeshTextureCoords {");
             saver.Write(0, L"%u;", mesh.TextureCoords.NumItems);
             for (const CMath_Vector3& uv : mesh.TextureCoords)
-                saver.Write(0, L"%.9g;%.9g;,", static_cast<double>(uv.x), static_cast<double>(uv.y));
+                WriteLine(&saver, L"%.9g;%.9g;,", uv.x, uv.y);
             saver.Write(0, L"}");
             saver.Write(0, L"}");
         }
@@ -98,8 +98,7 @@ template <> struct SFormat<CFileFormat_X> : SFormatBase<CFileFormat_X, CFiller::
     {
         saver.Write(0, L"%u;", vectors.NumItems);
         for (const CMath_Vector3& vector : vectors)
-            saver.Write(0, L"%.9g;%.9g;%.9g;%s", static_cast<double>(vector.x), static_cast<double>(vector.y),
-                        static_cast<double>(vector.z), &vector == vectors.GetLast() ? L";" : L",");
+            WriteLine(&saver, L"%.9g;%.9g;%.9g;%s", vector, &vector == vectors.GetLast() ? L";" : L",");
     }
 };
 
@@ -173,7 +172,7 @@ template <> struct SFormat<CGraphics_Model> : SFormatBase<CGraphics_Model, CFill
     static constexpr const char* Extensions[] = {"_model.txt"};
 };
 
-template <class TDocument> std::string Describe(TDocument& document)
+template <class TDocument> std::string Describe(TDocument&& document)
 {
     CDescriber describer;
     Visit(describer, document);
@@ -216,6 +215,8 @@ template <class TDocument> std::vector<std::string> GetSamples()
 template <class TDocument> class Every : public testing::Test
 {
   protected:
+    const std::vector<std::string> samples = GetSamples<TDocument>();
+
     void SetUp() override
     {
         testing::internal::CaptureStdout();

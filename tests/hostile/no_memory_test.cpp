@@ -70,8 +70,6 @@ void ExpectDense(CGraphics_Model& model)
 
 template <class TDocument> class EveryWithoutMemory : public Every<TDocument>
 {
-  protected:
-    const std::vector<std::string> samples = GetSamples<TDocument>();
 };
 TYPED_TEST_SUITE(EveryWithoutMemory, CDocuments, SFormatNames);
 
@@ -79,8 +77,7 @@ TYPED_TEST(EveryWithoutMemory, Loads)
 {
     for (const std::string& sample : this->samples)
     {
-        TypeParam whole;
-        LoadText(whole, sample);
+        auto whole = LoadNew<TypeParam>(sample);
         std::map<std::wstring, std::uint32_t> longest = Check(whole);
         if constexpr (std::is_same_v<TypeParam, CFileFormat_Envelope>)
             longest[L""] = 0xFFFFFFFF; // without memory to find them, bones that should go stay
@@ -120,8 +117,7 @@ TYPED_TEST(EveryWithoutMemory, Copies)
 {
     for (const std::string& sample : this->samples)
     {
-        TypeParam document;
-        LoadText(document, sample);
+        auto document = LoadNew<TypeParam>(sample);
         const std::string whole = Describe(document);
         FailEach(
             [&](CFailure& failure)
@@ -129,8 +125,7 @@ TYPED_TEST(EveryWithoutMemory, Copies)
                 std::optional<TypeParam> copy;
                 failure.During([&] { copy.emplace(document); });
                 Check(*copy);
-                TypeParam assigned;
-                LoadText(assigned, sample);
+                auto assigned = LoadNew<TypeParam>(sample);
                 failure.During([&] { assigned = document; });
                 Check(assigned);
                 EXPECT_EQ(Describe(document), whole);
@@ -142,8 +137,7 @@ TYPED_TEST(EveryWithoutMemory, Saves)
 {
     for (const std::string& sample : this->samples)
     {
-        TypeParam document;
-        LoadText(document, sample);
+        auto document = LoadNew<TypeParam>(sample);
         const std::string described = Describe(document);
         const std::string whole = SaveText(document);
         FailEach(
@@ -166,8 +160,7 @@ TEST(WithoutMemory, ModelsAreBuilt)
 {
     for (const std::string& sample : GetSamples<CFileFormat_Ase>())
     {
-        CFileFormat_Ase scene;
-        LoadText(scene, sample);
+        auto scene = LoadNew<CFileFormat_Ase>(sample);
         FailEach(
             [&](CFailure& failure)
             {

@@ -16,18 +16,13 @@ std::string EndLines(const std::string& text, const std::string& lineend)
     return changed;
 }
 
-/// UTF-16 with a byte order mark; the texts have no character past the basic plane.
+/// The texts have no character past the basic plane.
 std::string ToUtf16(const std::string& text, bool isbigendian)
 {
     CSys_String wide;
     wide.SetUtf8(text.data(), text.size());
-    std::string bytes;
-    for (const wchar_t character : L'\ufeff' + std::wstring(wide.Get()))
-    {
-        const char halves[] = {static_cast<char>(character & 0xFF), static_cast<char>(character >> 8 & 0xFF)};
-        bytes += {halves[isbigendian ? 1 : 0], halves[isbigendian ? 0 : 1]};
-    }
-    return bytes;
+    const std::wstring_view characters = wide.Get();
+    return InUtf16(std::u16string(characters.begin(), characters.end()), isbigendian);
 }
 
 /// Numbers of the process have a decimal comma while it lives.
@@ -80,8 +75,7 @@ TYPED_TEST(EveryRandom, ComesBackFromItsText)
         [](TypeParam& document, const std::string& text)
         {
             Check(document);
-            TypeParam loaded;
-            LoadText(loaded, text);
+            auto loaded = LoadNew<TypeParam>(text);
             ASSERT_EQ(Describe(loaded), Describe(document));
             ASSERT_EQ(SFormat<TypeParam>::Write(loaded), text);
             ASSERT_EQ(SaveText(loaded), SaveText(document));
@@ -107,9 +101,7 @@ TYPED_TEST(EveryRandom, IsTheSameFromAnywhere)
                 for (const std::string& form :
                      {ended, "\xEF\xBB\xBF" + ended, ToUtf16(ended, false), ToUtf16(ended, true)})
                 {
-                    TypeParam loaded;
-                    LoadText(loaded, form);
-                    ASSERT_EQ(Describe(loaded), described);
+                    ASSERT_EQ(Describe(LoadNew<TypeParam>(form)), described);
                 }
                 std::ofstream(name, std::ios::binary) << ended;
                 CFile_Parser file;
@@ -140,8 +132,6 @@ TYPED_TEST(EveryRandom, DoesNotKnowTheProcessLocale)
                 GTEST_SKIP() << "no such locale is installed; ./test provides one";
             ASSERT_EQ(SaveText(document), saved);
             ASSERT_EQ(SFormat<TypeParam>::Write(document), text);
-            TypeParam loaded;
-            LoadText(loaded, text);
-            ASSERT_EQ(Describe(loaded), Describe(document));
+            ASSERT_EQ(Describe(LoadNew<TypeParam>(text)), Describe(document));
         });
 }

@@ -7,7 +7,7 @@
 #include "core/memory_manager.h"
 #include "core/sys_string.h"
 
-#include <clocale>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <ostream>
@@ -32,16 +32,52 @@ inline std::string SaveText(CFile_IOObject& record)
     record.Save(&saver);
     return saver.GetText();
 }
-
-inline std::string ReadFile(const std::string& name)
+inline std::string SaveText(CFile_IOObject&& record)
 {
-    std::ifstream file(name, std::ios::binary);
+    return SaveText(record);
+}
+
+/// A new record that has read the text.
+template <class TRecord> TRecord LoadNew(std::string_view text)
+{
+    TRecord record;
+    LoadText(record, text);
+    return record;
+}
+
+/// Has the record read the text while the allocation behind the first ones fails.
+inline Result LoadWithout(CFile_IOObject& record, std::string_view text, std::uint64_t first)
+{
+    FailAllocations(first, 1);
+    const Result result = LoadText(record, text);
+    FailAllocations(0, 0);
+    return result;
+}
+
+/// The parser's next line in its block; empty where there is none.
+inline std::wstring GetBlockLine(CFile_Parser& parser)
+{
+    std::wstring line(CFile_Parser::BlockLineCapacity, L'\0');
+    return parser.GetBlockLine(line.data()) == 1 ? line.c_str() : L"";
+}
+
+inline std::string ReadFile(const std::filesystem::path& path)
+{
+    std::ifstream file(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
 inline std::string ReadSample(const char* name)
 {
     return ReadFile(std::string(SAMPLES_FOLDER) + "/" + name);
+}
+
+inline std::string Repeat(std::string_view text, std::size_t count)
+{
+    std::string repeated;
+    for (std::size_t i = 0; i < count; ++i)
+        repeated += text;
+    return repeated;
 }
 
 /// The pieces of a text between marks.
@@ -54,6 +90,18 @@ inline std::vector<std::string> Split(std::string_view text, char mark)
         pieces.emplace_back(text.substr(0, end));
     }
     return pieces;
+}
+
+/// The text with a byte order mark.
+inline std::string InUtf16(std::u16string_view text, bool isbigendian)
+{
+    std::string bytes;
+    for (const char16_t unit : u'\uFEFF' + std::u16string(text))
+    {
+        const char halves[] = {static_cast<char>(unit & 0xFF), static_cast<char>(unit >> 8)};
+        bytes += {halves[isbigendian ? 1 : 0], halves[isbigendian ? 0 : 1]};
+    }
+    return bytes;
 }
 
 /// The text as UTF-16, each byte a character.

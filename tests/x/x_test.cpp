@@ -3,6 +3,7 @@
 
 #include "core/numbers.h"
 #include "tests/support/odd_lines.h"
+#include "tests/support/saved_lines.h"
 
 #include <gtest/gtest.h>
 
@@ -59,39 +60,11 @@ constexpr std::string_view Quad = "Mesh q {\n4;\n0;0;0;,\n1;0;0;,\n1;1;0;,\n0;1;
                                   "MeshTextureCoords {\n2;\n0.5;0.25;,\n1;0;;\n}\n}\n";
 } // namespace
 
-TEST(X, ReadsTheSample)
-{
-    const CMesh mesh = LoadMesh(ReadSample("mesh.x"));
-    EXPECT_EQ(mesh.Vertices.GetNumItems(), 9U);
-    EXPECT_EQ(*mesh.Vertices[8], CMath_Vector3(3.0F, -0.125F, 0.0F));
-    EXPECT_EQ(Show(mesh.Faces), "0 3 4 |1 5 2 |0 1 5 4 |3 2 5 6 4 |7 0 1 8 2 3 |");
-    ASSERT_EQ(mesh.Normals.GetNumItems(), 4U) << "the normals' faces are not normals";
-    EXPECT_EQ(*mesh.Normals[2], CMath_Vector3(0.0F, 0.5547F, -0.83205F));
-    ASSERT_EQ(mesh.TextureCoords.GetNumItems(), 9U);
-    EXPECT_EQ(*mesh.TextureCoords[7], CMath_Vector3(-0.25F, 0.5F, 0.0F));
-}
-
-TEST(X, SavesEverythingButFaces)
-{
-    CFileFormat_X document;
-    LoadText(document, Quad);
-    EXPECT_EQ(SaveText(document), "{\n\taddmesh:\n\t{\n"
-                                  "\t\taddvertex: 0.000000 0.000000 0.000000\n"
-                                  "\t\taddvertex: 1.000000 0.000000 0.000000\n"
-                                  "\t\taddvertex: 1.000000 1.000000 0.000000\n"
-                                  "\t\taddvertex: 0.000000 1.000000 0.000000\n"
-                                  "\t\taddvertexnormal: 0.000000 0.000000 1.000000\n"
-                                  "\t\tadduv: 0.500000 0.250000 0.000000\n"
-                                  "\t\tadduv: 1.000000 0.000000 0.000000\n"
-                                  "\t}\n}\n");
-}
-
 TEST(X, LoadReplacesAndDestroyEmpties)
 {
     const CRegistryWatch watch;
     {
-        CFileFormat_X document;
-        LoadText(document, Quad);
+        auto document = LoadNew<CFileFormat_X>(Quad);
         const CFileFormat_X copy(document);
         LoadText(document, Quad);
         EXPECT_EQ(document.Meshes.GetNumItems(), 1U);
@@ -185,8 +158,7 @@ static const SLayout kLayouts[] = {
      "4 5 0|"},
 };
 
-INSTANTIATE_TEST_SUITE_P(X, XLayout, testing::ValuesIn(kLayouts),
-                         [](const testing::TestParamInfo<SLayout>& row) { return std::string(row.param.name); });
+INSTANTIATE_TEST_SUITE_P(X, XLayout, testing::ValuesIn(kLayouts), SRowName());
 
 TEST(X, ReadsListsInPlaceAsLineByLine)
 {
@@ -224,14 +196,10 @@ TEST(XHostile, LyingCountsAreCutToWhatTheTextCanHold)
 
 TEST(XHostile, ManyLyingCountsCostNoMoreThanTheirText)
 {
-    std::string text = "Mesh {\n0;\n20000;\n";
-    for (int i = 0; i < 20'000; ++i)
-        text += i % 2 == 0 ? "2000000000;x\n" : "2000000000;1,2;,;\n";
-    for (int i = 0; i < 20'000; ++i)
-        text += "MeshNormals {\n2000000000;\n}\n";
+    const std::string text = "Mesh {\n0;\n20000;\n" + Repeat("2000000000;x\n2000000000;1,2;,;\n", 10'000) +
+                             Repeat("MeshNormals {\n2000000000;\n}\n", 20'000);
     CRegistryWatch watch;
-    CFileFormat_X document;
-    LoadText(document, text);
+    auto document = LoadNew<CFileFormat_X>(text);
     ASSERT_EQ(document.Meshes.GetNumItems(), 1U);
     EXPECT_EQ(document.Meshes[0]->Faces.GetNumItems(), 20'000U);
     EXPECT_LT(watch.registry.GetAllocatedSize(), text.size() * 8);
@@ -239,14 +207,10 @@ TEST(XHostile, ManyLyingCountsCostNoMoreThanTheirText)
 
 TEST(XHostile, AListWithoutMemoryStaysEmptyAndTheOthersAreRead)
 {
-    std::string text = "Mesh {\n300;\n";
-    for (int i = 0; i < 300; ++i)
-        text += "1;2;3;,\n";
-    text += "1;\n3;0,1,2;;\n";
+    const std::string text = "Mesh {\n300;\n" + Repeat("1;2;3;,\n", 300) + "1;\n3;0,1,2;;\n";
     CFileFormat_X document;
-    FailAllocations(2, 1); // the mesh and the first block of its vertices are had, the second is not
-    LoadText(document, text);
-    FailAllocations(0, 0);
+    // the mesh and the first block of its vertices are had, the second is not
+    LoadWithout(document, text, 2);
     ASSERT_EQ(document.Meshes.GetNumItems(), 1U);
     EXPECT_EQ(document.Meshes[0]->Vertices.GetNumItems(), 0U);
     EXPECT_EQ(Show(document.Meshes[0]->Faces), "0 1 2 |");

@@ -59,13 +59,12 @@ constexpr void (*Checks[])(std::string_view, std::uint64_t, std::uint64_t) = {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size)
 {
-    return Watch(
-        [=]
-        {
-            CInput input(bytes, size);
-            const unsigned which = input.Take() % std::size(Checks);
-            const unsigned successes = input.Take() | input.Take() << 8;
-            const std::uint64_t failures = input.Take() % 2 == 0 ? 1 : ~std::uint64_t{0} / 2;
-            Checks[which](input.GetRest().GetText(), successes, failures);
-        });
+    return Watch(bytes, size,
+                 [](CInput& input)
+                 {
+                     const auto check = input.Draw(Checks);
+                     const unsigned successes = input.Take() | input.Take() << 8;
+                     const std::uint64_t failures = input.Take() % 2 == 0 ? 1 : ~std::uint64_t{0} / 2;
+                     check(input.GetRest().GetText(), successes, failures);
+                 });
 }

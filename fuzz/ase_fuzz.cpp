@@ -141,7 +141,7 @@ void CheckList(CInput& input)
         "*MESH_CFACELIST {\n*MESH_CFACE 0 1 2 3\n*MESH_CFACE 1 1 2 3\n",
         "*MESH_NORMALS {\n*MESH_FACENORMAL 0 1 2 3\n*MESH_VERTEXNORMAL 1 1 2 3\n",
     };
-    std::string text = lists[input.Take() % std::size(lists)];
+    std::string text = input.Draw(lists);
     text += input.GetRest().GetText();
     CFileFormat_Ase::CASEMesh mesh;
     LoadText(mesh, text);
@@ -174,15 +174,14 @@ void CheckRenumbering(CInput& input)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size)
 {
-    return Watch(
-        [=]
-        {
-            CInput input(bytes, size);
-            if (size == 0 || bytes[0] > 1)
-                return CheckText(input);
-            if (input.Take() == 0)
-                CheckRenumbering(input);
-            else
-                CheckList(input);
-        });
+    return Watch(bytes, size,
+                 [=](CInput& input)
+                 {
+                     if (size == 0 || bytes[0] > 1)
+                         return CheckText(input);
+                     if (input.Take() == 0)
+                         CheckRenumbering(input);
+                     else
+                         CheckList(input);
+                 });
 }

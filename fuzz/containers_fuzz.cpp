@@ -31,11 +31,10 @@ constexpr void (*Checks[])(const CInput&) = {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size)
 {
-    return Watch(
-        [=]
-        {
-            CInput input(bytes, size);
-            const unsigned which = input.Take() % std::size(Checks);
-            Checks[which](input.GetRest());
-        });
+    return Watch(bytes, size,
+                 [](CInput& input)
+                 {
+                     const auto check = input.Draw(Checks);
+                     check(input.GetRest());
+                 });
 }

@@ -32,13 +32,12 @@ void CheckPruning(CInput& input)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size)
 {
-    return Watch(
-        [=]
-        {
-            CInput input(bytes, size);
-            if (size == 0 || bytes[0] != 0)
-                return CheckText(input);
-            input.Take();
-            CheckPruning(input);
-        });
+    return Watch(bytes, size,
+                 [=](CInput& input)
+                 {
+                     if (size == 0 || bytes[0] != 0)
+                         return CheckText(input);
+                     input.Take();
+                     CheckPruning(input);
+                 });
 }

@@ -32,6 +32,12 @@ class CInput
         return next < bytes.size() ? bytes[next++] : 0U;
     }
 
+    /// The entry of a table that the next byte draws.
+    template <class T, std::size_t N> T Draw(T (&table)[N])
+    {
+        return table[Take() % N];
+    }
+
     bool IsEmpty() const
     {
         return next == bytes.size();
@@ -56,13 +62,14 @@ class CInput
 constexpr std::size_t RoomToBegin = 1 << 20;
 constexpr std::size_t MostBytesPerByte = 256;
 
-/// Does the work with a registry and a log that takes everything, and checks that nothing was leaked.
-template <class TWork> int Watch(TWork work)
+/// Does the work on an input with a registry and a log that takes everything, and checks that nothing was leaked.
+template <class TWork> int Watch(const std::uint8_t* bytes, std::size_t size, TWork work)
 {
     const CRegistryWatch registry;
     {
         const CLogWatch log;
-        work();
+        CInput input(bytes, size);
+        work(input);
     }
     Check(registry.IsBalanced());
     return 0;

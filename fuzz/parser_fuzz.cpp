@@ -326,23 +326,22 @@ class CComparison
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size)
 {
-    return Watch(
-        [=]
-        {
-            CInput input(bytes, size);
-            const std::size_t piecesize = input.Take() % 128 + std::size_t{1};
-            std::vector<unsigned> operations(input.Take() % 64);
-            for (unsigned& operation : operations)
-                operation = input.Take();
-            const CInput text = input.GetRest();
-            const CMemoryFile file(text.GetText());
-            CComparison frommemory(text.GetText());
-            CComparison fromfile(text.GetText(), file, piecesize);
-            for (CComparison* const comparison : {&frommemory, &fromfile})
-            {
-                for (const unsigned operation : operations)
-                    comparison->Do(operation);
-                comparison->ReadToEnd();
-            }
-        });
+    return Watch(bytes, size,
+                 [](CInput& input)
+                 {
+                     const std::size_t piecesize = input.Take() % 128 + std::size_t{1};
+                     std::vector<unsigned> operations(input.Take() % 64);
+                     for (unsigned& operation : operations)
+                         operation = input.Take();
+                     const CInput text = input.GetRest();
+                     const CMemoryFile file(text.GetText());
+                     CComparison frommemory(text.GetText());
+                     CComparison fromfile(text.GetText(), file, piecesize);
+                     for (CComparison* const comparison : {&frommemory, &fromfile})
+                     {
+                         for (const unsigned operation : operations)
+                             comparison->Do(operation);
+                         comparison->ReadToEnd();
+                     }
+                 });
 }

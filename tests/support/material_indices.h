@@ -28,34 +28,11 @@ inline CMaterialIndices GetIndices(const CGraphics_Model& model)
     return indices;
 }
 
-/// The renumbering in its slow steps: shift down to 0, then close one gap after the other.
-inline std::uint32_t RenumberStepByStep(CMaterialIndices& indices)
-{
-    if (indices.empty())
-        return 1;
-    while (*std::min_element(indices.begin(), indices.end()) != 0)
-        for (std::uint32_t& index : indices)
-            index -= index != 0 ? 1 : 0;
-    for (std::uint32_t gap = 0; gap < *std::max_element(indices.begin(), indices.end());)
-    {
-        if (std::count(indices.begin(), indices.end(), gap) != 0)
-        {
-            ++gap;
-            continue;
-        }
-        for (std::uint32_t& index : indices)
-            index -= index > gap ? 1 : 0;
-        gap = 0;
-    }
-    return *std::max_element(indices.begin(), indices.end()) + 1;
-}
-
-/// For values of any size: the rank of each.
-inline CMaterialIndices Rank(const CMaterialIndices& indices)
+/// Shifting all down to 0 and closing every gap leaves of each index its rank. Returns how many materials that takes.
+inline std::uint32_t Rank(CMaterialIndices& indices)
 {
     const std::set<std::uint32_t> distinct(indices.begin(), indices.end());
-    CMaterialIndices ranks;
-    for (const std::uint32_t index : indices)
-        ranks.push_back(static_cast<std::uint32_t>(std::distance(distinct.begin(), distinct.find(index))));
-    return ranks;
+    for (std::uint32_t& index : indices)
+        index = static_cast<std::uint32_t>(std::distance(distinct.begin(), distinct.find(index)));
+    return std::max(static_cast<std::uint32_t>(distinct.size()), 1U);
 }

@@ -1,5 +1,5 @@
-#include "core/graphics_material.h"
 #include "tests/support/documents.h"
+#include "tests/support/resources.h"
 
 #include <gtest/gtest.h>
 
@@ -7,38 +7,15 @@
 
 namespace
 {
-class CCountedResource
-{
-  public:
-    CCountedResource()
-    {
-        ++live;
-    }
-    virtual ~CCountedResource()
-    {
-        --live;
-    }
-
-    static inline int live = 0;
-};
-
-using CHandle = TResourceHandle<CCountedResource>;
-using CReference = TResourceHandleR<CCountedResource>;
-
-template <class X> X* Store(TResourceHandle<X>& handle, X* object)
-{
-    handle.object = object;
-    MM->AddAllocation(object, L"test", sizeof(X), 0, 0, L"");
-    IncreaseMemoryCount();
-    return object;
-}
+using CHandle = TResourceHandle<CCountedScript>;
+using CReference = TResourceHandleR<CCountedScript>;
 
 class ResourceHandle : public testing::Test
 {
   protected:
     void TearDown() override
     {
-        EXPECT_EQ(CCountedResource::live, 0);
+        EXPECT_EQ(CCountedScript::live, 0);
         EXPECT_TRUE(watch.IsBalanced());
         EXPECT_EQ(GetMemoryCount(), memorycount);
     }
@@ -54,14 +31,14 @@ TEST_F(ResourceHandle, LastReleaseDestroysTheResource)
 {
     CHandle handle;
     EXPECT_EQ(handle.Release(), 0);
-    Store(handle, new CCountedResource);
+    Store(handle, new CCountedScript);
     EXPECT_EQ(handle.Release(), 0) << "nobody holds it";
     EXPECT_EQ(handle.AddRef(), 1);
     EXPECT_EQ(handle.AddRef(), 1);
     EXPECT_EQ(handle.Release(), 1);
-    EXPECT_EQ(CCountedResource::live, 1);
+    EXPECT_EQ(CCountedScript::live, 1);
     EXPECT_EQ(handle.Release(), 1);
-    EXPECT_EQ(CCountedResource::live, 0);
+    EXPECT_EQ(CCountedScript::live, 0);
     EXPECT_EQ(handle.object, nullptr);
     EXPECT_EQ(handle.refCount, 0U);
     EXPECT_EQ(handle.Release(), 0);
@@ -71,24 +48,23 @@ TEST_F(ResourceHandle, DestroyDoesNotAskTheCount)
 {
     CHandle handle;
     EXPECT_EQ(handle.Destroy(), 1);
-    Store(handle, new CCountedResource);
+    Store(handle, new CCountedScript);
     handle.AddRef();
     handle.handleData = 3;
     handle.handleExtra = 4;
     EXPECT_EQ(handle.Destroy(), 1);
-    EXPECT_EQ(CCountedResource::live, 0);
+    EXPECT_EQ(CCountedScript::live, 0);
     EXPECT_EQ(handle.refCount, 0U);
     EXPECT_EQ(handle.handleData, 3U);
     EXPECT_EQ(handle.handleExtra, 4U);
-    Store(handle, new CCountedResource); // for the destructor
+    Store(handle, new CCountedScript); // for the destructor
 }
 
 TEST_F(ResourceHandle, WorksWithoutARegistry)
 {
     CSys_MemoryManager* const registry = std::exchange(MM, nullptr);
     CHandle handle;
-    handle.object = new CCountedResource;
-    IncreaseMemoryCount();
+    Store(handle, new CCountedScript);
     EXPECT_EQ(handle.Destroy(), 1);
     MM = registry;
 }
@@ -104,10 +80,11 @@ TEST_F(ResourceHandle, TakesAndWritesNoText)
 TEST_F(ResourceHandle, CopiedReferenceIsAHolder)
 {
     CHandle handle;
-    Store(handle, new CCountedResource);
+    Store(handle, new CCountedScript);
     CReference first;
-    first.handle = &handle;
-    handle.AddRef();
+    EXPECT_EQ(first.Destroy(), 1);
+    EXPECT_EQ(first.previousHandle, nullptr) << "it held nothing";
+    Hold(first, handle);
     {
         CReference copy(first);
         EXPECT_EQ(handle.refCount, 2U);
@@ -118,15 +95,15 @@ TEST_F(ResourceHandle, CopiedReferenceIsAHolder)
         const CReference another(copy);
         EXPECT_EQ(another.previousHandle, &handle);
     }
-    EXPECT_EQ(CCountedResource::live, 1);
+    EXPECT_EQ(CCountedScript::live, 1);
     EXPECT_EQ(first.Destroy(), 1);
-    EXPECT_EQ(CCountedResource::live, 0);
+    EXPECT_EQ(CCountedScript::live, 0);
 }
 
 TEST_F(ResourceHandle, ReferenceToAHandleWithoutHoldersOnlyLetsGo)
 {
     CHandle handle;
-    Store(handle, new CCountedResource);
+    Store(handle, new CCountedScript);
     CReference reference;
     reference.handle = &handle;
     EXPECT_EQ(reference.Destroy(), 1);
@@ -137,52 +114,36 @@ TEST_F(ResourceHandle, ReferenceToAHandleWithoutHoldersOnlyLetsGo)
 
 TEST_F(ResourceHandle, AssignedReferenceChangesHandles)
 {
-    CHandle one;
-    CHandle other;
-    Store(one, new CCountedResource);
-    Store(other, new CCountedResource);
-    CReference first;
-    first.handle = &one;
-    one.AddRef();
-    CReference second;
-    second.handle = &other;
-    other.AddRef();
-
-    const CReference& same = first;
-    first = same;
-    EXPECT_EQ(one.refCount, 1U);
-    first = second;
-    EXPECT_EQ(one.object, nullptr);
-    EXPECT_EQ(other.refCount, 2U);
-    EXPECT_EQ(first.previousHandle, &one);
+    CHandle handles[2];
+    CReference references[2];
+    for (int i = 0; i < 2; ++i)
+    {
+        Store(handles[i], new CCountedScript);
+        Hold(references[i], handles[i]);
+    }
+    const CReference& same = references[0];
+    references[0] = same;
+    EXPECT_EQ(handles[0].refCount, 1U);
+    references[0] = references[1];
+    EXPECT_EQ(handles[0].object, nullptr);
+    EXPECT_EQ(handles[1].refCount, 2U);
+    EXPECT_EQ(references[0].previousHandle, &handles[0]);
 }
 
 /// A resource that holds its own handle, as a script may, is still destroyed once.
 TEST_F(ResourceHandle, ResourceMayHoldItsOwnHandle)
 {
-    struct SCircular : CCountedResource
+    struct SCircular : CCountedScript
     {
         TResourceHandleR<SCircular> self;
     };
     TResourceHandle<SCircular> handle;
     SCircular* const object = Store(handle, new SCircular);
-    object->self.handle = &handle;
-    handle.AddRef();
+    Hold(object->self, handle);
     EXPECT_EQ(object->self.Destroy(), 1);
-    EXPECT_EQ(CCountedResource::live, 0);
+    EXPECT_EQ(CCountedScript::live, 0);
 
-    Store(handle, new SCircular)->self.handle = &handle;
-    handle.AddRef();
+    Hold(Store(handle, new SCircular)->self, handle);
     EXPECT_EQ(handle.Destroy(), 1);
     EXPECT_EQ(handle.refCount, 0U);
-}
-
-TEST_F(ResourceHandle, MaterialInstancesAreExported)
-{
-    TResourceHandle<CGraphics_Material> handle;
-    Store(handle, new CGraphics_Material);
-    TResourceHandleR<CGraphics_Material> reference;
-    EXPECT_EQ(reference.Destroy(), 1);
-    EXPECT_EQ(reference.handle, nullptr);
-    EXPECT_EQ(reference.previousHandle, nullptr);
 }

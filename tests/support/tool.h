@@ -1,27 +1,19 @@
 /// asset_tool as its users run it.
 #pragma once
 
-#include <gtest/gtest.h>
+#include "tests/support/documents.h"
+
+#include <gmock/gmock.h>
 
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string>
 
 namespace fs = std::filesystem;
 
-struct SRun
+inline std::string Sample(const std::string& name)
 {
-    int status;
-    std::string out;
-    std::string err;
-};
-
-inline std::string ReadFile(const fs::path& path)
-{
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    return std::string(SAMPLES_FOLDER) + "/" + name;
 }
 
 /// Has a folder of its own while it runs.
@@ -40,26 +32,31 @@ class CToolTest : public testing::Test
         fs::remove_all(folder, ignored);
     }
 
-    /// Runs the tool with the arguments as the shell takes them.
-    SRun Run(const std::string& arguments) const
+    /// Runs the tool with the arguments as the shell takes them. Returns its standard output, behind a "!" what it has
+    /// written to standard error, and its exit status where that is not 0, as "(1)".
+    std::string Run(const std::string& arguments) const
     {
-        const fs::path out = folder / "stdout";
-        const fs::path err = folder / "stderr";
-        const std::string command =
-            std::string(ASSET_TOOL) + " " + arguments + " >" + out.string() + " 2>" + err.string();
-        const int result = std::system(command.c_str()); // NOLINT(cert-env33-c): running the tool is the test
-#if defined(_WIN32)
-        const int status = result;
-#else
-        const int status = WEXITSTATUS(result);
+        const std::string out = (folder / "stdout").string();
+        const std::string err = (folder / "stderr").string();
+        const std::string command = std::string(ASSET_TOOL) + " " + arguments + " >" + out + " 2>" + err;
+        int status = std::system(command.c_str()); // NOLINT(cert-env33-c): running the tool is the test
+#if !defined(_WIN32)
+        status = WEXITSTATUS(status);
 #endif
-        return {status, ReadFile(out), ReadFile(err)};
+        const std::string messages = ReadFile(err);
+        return ReadFile(out) + (messages.empty() ? "" : "!" + messages) +
+               (status == 0 ? "" : "(" + std::to_string(status) + ")");
     }
 
-    fs::path Make(const std::string& name, const std::string& text) const
+    std::string Make(const std::string& name, const std::string& text) const
     {
         std::ofstream(folder / name, std::ios::binary) << text;
-        return folder / name;
+        return (folder / name).string();
+    }
+
+    std::string RunOn(const std::string& arguments, const std::string& text) const
+    {
+        return Run(arguments + " " + Make("input.txt", text));
     }
 
     fs::path folder;

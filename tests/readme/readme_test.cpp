@@ -1,21 +1,38 @@
-// The code pieces of the README's section "Containers", line by line.
+/// The code pieces of the README: compiled here, run, and held against the README's text line by line.
 #include "containers/channel_list.h"
 #include "containers/graph.h"
 #include "containers/resource_manager.h"
 #include "containers/tree.h"
+#include "core/file_parser.h"
+#include "core/file_saver.h"
+#include "formats/ase/ase.h"
 #include "tests/support/documents.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <sstream>
+#include <filesystem>
 
 namespace
 {
-class ReadmeContainers : public testing::Test
+int RenameAnObject()
+{
+    CFile_Parser parser;
+    if (parser.OpenFile("samples/scene.ase") != 1)
+        return parser.GetError(); // an errno value
+    CFileFormat_Ase scene;
+    scene.Load(&parser, nullptr);
+    scene.GeomObjects[0]->name = L"\"Chest\"";
+    CFile_Saver saver;
+    saver.OpenFile("build/chest.txt");
+    scene.Save(&saver);
+    return saver.Close() == 1 ? 0 : saver.GetError();
+}
+
+class Readme : public testing::Test
 {
   protected:
-    ReadmeContainers()
+    Readme()
     {
         saver.OpenMemory();
     }
@@ -28,19 +45,25 @@ class ReadmeContainers : public testing::Test
     CFile_Parser parser;
     CFile_Saver saver;
 };
-
-/// A text file's lines without indentation.
-std::string ReadFlat(const std::string& name)
-{
-    std::ifstream file(name);
-    std::string text;
-    for (std::string line; std::getline(file, line);)
-        text += line.substr(std::min(line.find_first_not_of(' '), line.size())) + "\n";
-    return text;
-}
 } // namespace
 
-TEST_F(ReadmeContainers, Tree)
+TEST_F(Readme, Scene)
+{
+    namespace fs = std::filesystem;
+    const fs::path former = fs::current_path();
+    const fs::path folder = fs::path(testing::TempDir()) / "readme";
+    fs::create_directories(folder / "samples");
+    fs::create_directories(folder / "build");
+    fs::copy_file(fs::path(SAMPLES_FOLDER) / "scene.ase", folder / "samples/scene.ase",
+                  fs::copy_options::overwrite_existing);
+    fs::current_path(folder);
+    EXPECT_EQ(RenameAnObject(), 0);
+    EXPECT_NE(ReadFile("build/chest.txt").find("\tname: \"Chest\"\n"), std::string::npos);
+    fs::current_path(former);
+    EXPECT_GT(fs::remove_all(folder), 0U);
+}
+
+TEST_F(Readme, Tree)
 {
     TTree<CSys_String> tree;
     TTree<CSys_String>::CTreeFolder* const folder = tree.root.folders.Add();
@@ -52,7 +75,7 @@ TEST_F(ReadmeContainers, Tree)
                  "{\n\taddfolder: harbour\n\t{\n\t\taddkey: \n\t\t{\n\t\t\ttext: \"Fresh fish!\"\n\t\t}\n\t}\n}\n");
 }
 
-TEST_F(ReadmeContainers, Graph)
+TEST_F(Readme, Graph)
 {
     OpenSample("door.graph");
     TGraph<CSys_DataNode> graph;
@@ -64,7 +87,7 @@ TEST_F(ReadmeContainers, Graph)
     EXPECT_EQ(graph.nodes.GetNumItems(), 4U);
 }
 
-TEST_F(ReadmeContainers, ChannelList)
+TEST_F(Readme, ChannelList)
 {
     OpenSample("glow.channels4");
     float brightest = 0.0F;
@@ -76,7 +99,7 @@ TEST_F(ReadmeContainers, ChannelList)
     EXPECT_EQ(brightest, 1.0F);
 }
 
-TEST_F(ReadmeContainers, ResourceManager)
+TEST_F(Readme, ResourceManager)
 {
     CGraphics_System* const graphics = nullptr;
     CGraphics_Model model;
@@ -94,24 +117,26 @@ TEST_F(ReadmeContainers, ResourceManager)
     }
 }
 
-TEST(Readme, ContainersShowTheCodeTestedHere)
+TEST_F(Readme, ShowsTheCodeTestedHere)
 {
-    const std::string tested = ReadFlat(__FILE__);
-    std::istringstream readme(ReadFlat(README_FILE));
-    std::string line;
-    while (std::getline(readme, line) && line != "## Containers")
+    const auto flatten = [](const std::string& name)
     {
-    }
+        std::string text;
+        for (const std::string& line : Split(ReadFile(name), '\n'))
+            text += line.substr(std::min(line.find_first_not_of(' '), line.size())) + "\n";
+        return text;
+    };
+    const std::string tested = flatten(__FILE__);
+    const std::string readme = flatten(README_FILE);
+    const std::string begin = "```cpp\n";
     unsigned pieces = 0;
-    while (std::getline(readme, line) && line.rfind("## ", 0) != 0)
+    for (std::size_t at = 0; (at = readme.find(begin, at)) != std::string::npos; ++pieces)
     {
-        if (line != "```cpp")
-            continue;
-        std::string piece;
-        while (std::getline(readme, line) && line != "```")
-            piece += line + "\n";
+        at += begin.size();
+        std::string piece = readme.substr(at, readme.find("```", at) - at);
+        if (piece.starts_with("#include"))
+            piece.erase(0, piece.find("\n\n") + 2);
         EXPECT_NE(tested.find(piece), std::string::npos) << piece;
-        ++pieces;
     }
-    EXPECT_EQ(pieces, 4U);
+    EXPECT_EQ(pieces, 5U);
 }

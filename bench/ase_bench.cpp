@@ -23,8 +23,7 @@ void LoadAse(benchmark::State& state, std::size_t bytes)
     const std::size_t lists = CountListBytes(*LoadNew<CFileFormat_Ase>(scene.text));
     TakePeakMemory();
     const std::size_t before = TakePeakMemory();
-    MeasureRoad(state, scene.faces, [&] { return LoadNew<CFileFormat_Ase>(scene.text); });
-    CountBytes(state, scene.text.size());
+    MeasureText(state, scene, LoadNew<CFileFormat_Ase>);
     if (const std::size_t peak = TakePeakMemory(); peak > before)
         state.counters["memory/lists"] = static_cast<double>(peak - before) / static_cast<double>(lists);
 }
@@ -32,9 +31,7 @@ void LoadAse(benchmark::State& state, std::size_t bytes)
 #if defined(HAVE_ASSIMP)
 void LoadAssimp(benchmark::State& state, std::size_t bytes)
 {
-    const SGridText& scene = GetScene(bytes);
-    MeasureRoad(state, scene.faces, [&] { return ImportText(scene.text, "ase"); });
-    CountBytes(state, scene.text.size());
+    MeasureText(state, GetScene(bytes), [](const std::string& text) { return ImportText(text, "ase"); });
 }
 #endif
 
@@ -58,17 +55,15 @@ template <class TWrite> void Write(benchmark::State& state, std::size_t bytes, T
 
 void RegisterAseBenchmarks()
 {
-    constexpr std::pair<const char*, BenchFunction> benchmarks[] = {
-        {"Ase/load/", LoadAse},
+    constexpr SBenchmark benchmarks[] = {
+        {"Ase/load", LoadAse},
 #if defined(HAVE_ASSIMP)
-        {"Ase/load with Assimp/", LoadAssimp},
+        {"Ase/load with Assimp", LoadAssimp},
 #endif
-        {"Ase/widen only/", WidenOnly},
-        {"Ase/save/", [](benchmark::State& state, std::size_t bytes) { Write(state, bytes, SaveText); }},
-        {"Ase/save with to_chars/",
+        {"Ase/widen only", WidenOnly},
+        {"Ase/save", [](benchmark::State& state, std::size_t bytes) { Write(state, bytes, SaveText); }},
+        {"Ase/save with to_chars",
          [](benchmark::State& state, std::size_t bytes) { Write(state, bytes, WriteWithToChars); }},
     };
-    for (const SBenchSize& size : BenchSizes)
-        for (const auto& [name, function] : benchmarks)
-            Register(std::string(name) + size.name, size.bytes, function);
+    RegisterEach(benchmarks);
 }

@@ -35,6 +35,13 @@ void Register(const std::string& name, std::size_t size, BenchFunction function)
     benchmark::RegisterBenchmark(name.c_str(), function, size)->Unit(benchmark::kMillisecond)->UseRealTime();
 }
 
+void RegisterEach(std::span<const SBenchmark> benchmarks, std::span<const SBenchSize> sizes)
+{
+    for (const SBenchSize& size : sizes)
+        for (const SBenchmark& benchmark : benchmarks)
+            Register(std::string(benchmark.name) + '/' + size.name, size.size, benchmark.function);
+}
+
 std::size_t TakePeakMemory()
 {
     std::size_t kilobytes = 0;

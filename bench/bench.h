@@ -7,15 +7,16 @@
 #include <benchmark/benchmark.h>
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <utility>
 
-/// The sizes of text that every reader is measured at. Names of benchmarks end in them, so that a filter
-/// picks one: "/small" is quick enough for every change.
+/// A size of input: bytes of text or elements. The sizes of text that every reader is measured at follow. Names of
+/// benchmarks end in them, so that a filter picks one: "/small" is quick enough for every change.
 struct SBenchSize
 {
     const char* name;
-    std::size_t bytes;
+    std::size_t size;
 };
 inline constexpr SBenchSize BenchSizes[] = {
     {"small", 1'000'000}, {"7MB", 7'000'000}, {"70MB", 70'000'000}, {"400MB", 400'000'000}};
@@ -55,12 +56,27 @@ template <class TRoad> void MeasureRoad(benchmark::State& state, std::size_t fac
     }
 }
 
+/// Times a road from a text, which must come to all its faces.
+template <class TRoad> void MeasureText(benchmark::State& state, const SGridText& text, TRoad road)
+{
+    MeasureRoad(state, text.faces, [&] { return road(text.text); });
+    CountBytes(state, text.text.size());
+}
+
 /// The most memory the process has held since the last call, in bytes; 0 where that cannot be told.
 std::size_t TakePeakMemory();
 
 /// Registers a benchmark that is given `size`.
 using BenchFunction = void (*)(benchmark::State& state, std::size_t size);
 void Register(const std::string& name, std::size_t size, BenchFunction function);
+
+/// Registers each of the benchmarks at each of the sizes, "name/size": all of a size together, as they share its text.
+struct SBenchmark
+{
+    const char* name;
+    BenchFunction function;
+};
+void RegisterEach(std::span<const SBenchmark> benchmarks, std::span<const SBenchSize> sizes = BenchSizes);
 
 /// Each file registers its benchmarks in one function, called from main.
 void RegisterAseBenchmarks();

@@ -149,17 +149,10 @@ void LoadAndSaveTree(benchmark::State& state, std::size_t count)
 
 void RegisterContainerBenchmarks()
 {
-    struct SCount
-    {
-        const char* name;
-        std::size_t count;
-    };
-    static constexpr SCount counts[] = {{"small", 10'000}, {"100k", 100'000}, {"1M", 1'000'000}};
-    static constexpr std::pair<const char*, BenchFunction> benchmarks[] = {
+    constexpr SBenchSize counts[] = {{"small", 10'000}, {"100k", 100'000}, {"1M", 1'000'000}};
+    constexpr SBenchmark benchmarks[] = {
         {"LoadRawNodes", LoadRawNodes},   {"CopyRawNodes", CopyRawNodes},       {"LoadNodeLines", LoadNodeLines},
         {"SaveNodeLines", SaveNodeLines}, {"LoadAndSaveTree", LoadAndSaveTree},
     };
-    for (const auto& [name, function] : benchmarks)
-        for (const SCount& size : counts)
-            Register(std::string(name) + "/" + size.name, size.count, function);
+    RegisterEach(benchmarks, counts);
 }

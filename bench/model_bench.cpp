@@ -31,9 +31,7 @@ const std::string& GetSceneFile(std::size_t bytes)
 template <class TRoad> void MeasureFile(benchmark::State& state, std::size_t bytes, TRoad road)
 {
     const std::string& path = GetSceneFile(bytes);
-    const SGridText& scene = GetScene(bytes);
-    MeasureRoad(state, scene.faces, [&] { return road(path); });
-    CountBytes(state, scene.text.size());
+    MeasureText(state, GetScene(bytes), [&](const std::string&) { return road(path); });
 }
 
 void FileToModel(benchmark::State& state, std::size_t bytes)
@@ -43,9 +41,7 @@ void FileToModel(benchmark::State& state, std::size_t bytes)
 
 void TextToModel(benchmark::State& state, std::size_t bytes)
 {
-    const SGridText& scene = GetScene(bytes);
-    MeasureRoad(state, scene.faces, [&] { return BuildFromText(scene.text); });
-    CountBytes(state, scene.text.size());
+    MeasureText(state, GetScene(bytes), BuildFromText);
 }
 
 #if defined(HAVE_ASSIMP)
@@ -126,14 +122,14 @@ void RenumberMaterials(benchmark::State& state, std::size_t distinct)
 
 void RegisterModelBenchmarks()
 {
-    for (const SBenchSize& size : BenchSizes)
-    {
-        Register(std::string("Model/from text/") + size.name, size.bytes, TextToModel);
-        Register(std::string("Model/from file/") + size.name, size.bytes, FileToModel);
+    constexpr SBenchmark benchmarks[] = {
+        {"Model/from text", TextToModel},
+        {"Model/from file", FileToModel},
 #if defined(HAVE_ASSIMP)
-        Register(std::string("Model/from file with Assimp/") + size.name, size.bytes, ReadWithAssimp);
+        {"Model/from file with Assimp", ReadWithAssimp},
 #endif
-    }
+    };
+    RegisterEach(benchmarks);
     for (const std::size_t faces : {FacesPerObject, MostFaces})
     {
         Register("Model/build in objects of " + std::to_string(faces) + " faces", faces, BuildModel);

@@ -7,28 +7,24 @@ constexpr SBenchSize XSizes[] = {{"small", 2'000'000}, {"17MB", 17'000'000}, {"9
 
 void LoadX(benchmark::State& state, std::size_t bytes)
 {
-    const SGridText& mesh = GetMesh(bytes);
-    MeasureRoad(state, mesh.faces, [&] { return LoadNew<CFileFormat_X>(mesh.text); });
-    CountBytes(state, mesh.text.size());
+    MeasureText(state, GetMesh(bytes), LoadNew<CFileFormat_X>);
 }
 
 #if defined(HAVE_ASSIMP)
 void LoadAssimp(benchmark::State& state, std::size_t bytes)
 {
-    const SGridText& mesh = GetMesh(bytes);
-    MeasureRoad(state, mesh.faces, [&] { return ImportText(mesh.text, "x"); });
-    CountBytes(state, mesh.text.size());
+    MeasureText(state, GetMesh(bytes), [](const std::string& text) { return ImportText(text, "x"); });
 }
 #endif
 } // namespace
 
 void RegisterXBenchmarks()
 {
-    for (const SBenchSize& size : XSizes)
-    {
-        Register(std::string("X/load/") + size.name, size.bytes, LoadX);
+    constexpr SBenchmark benchmarks[] = {
+        {"X/load", LoadX},
 #if defined(HAVE_ASSIMP)
-        Register(std::string("X/load with Assimp/") + size.name, size.bytes, LoadAssimp);
+        {"X/load with Assimp", LoadAssimp},
 #endif
-    }
+    };
+    RegisterEach(benchmarks, XSizes);
 }

@@ -96,19 +96,9 @@ void PrintEach(std::ostream& out, const TArray<TRecord>& records, const char* no
     }
 }
 
-class CAseAsset : public CAsset
+class CAseAsset : public TDocumentAsset<CFileFormat_Ase>
 {
   public:
-    void Load(CFile_Parser& parser) override
-    {
-        document.Load(&parser, nullptr);
-    }
-
-    Result Save(CFile_Saver& saver) override
-    {
-        return document.Save(&saver);
-    }
-
     Result BuildModel(CGraphics_Model& model, float scale) override
     {
         return CreateModelFromASE(model, document, scale);
@@ -158,9 +148,6 @@ class CAseAsset : public CAsset
     {
         json.Value(document);
     }
-
-  private:
-    CFileFormat_Ase document;
 };
 
 constexpr std::string_view Endings[] = {".ase"};

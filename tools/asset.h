@@ -43,6 +43,24 @@ class CAsset
     virtual void WriteJson(CJsonWriter& json) const = 0;
 };
 
+/// What is alike in the adapters.
+template <class TDocument> class TDocumentAsset : public CAsset
+{
+  public:
+    void Load(CFile_Parser& parser) override
+    {
+        document.Load(&parser, nullptr);
+    }
+
+    Result Save(CFile_Saver& saver) override
+    {
+        return document.Save(&saver);
+    }
+
+  protected:
+    TDocument document;
+};
+
 /// One kind of input.
 struct SAssetFormat
 {

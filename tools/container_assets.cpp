@@ -165,31 +165,18 @@ template <unsigned N> void Print(std::ostream& out, const TChannelList<float, N>
     suspicions.Print(out);
 }
 
-template <class TContainer> class TContainerAsset : public CAsset
+template <class TContainer> class TContainerAsset : public TDocumentAsset<TContainer>
 {
   public:
-    void Load(CFile_Parser& parser) override
-    {
-        container.Load(&parser, nullptr);
-    }
-
-    Result Save(CFile_Saver& saver) override
-    {
-        return container.Save(&saver);
-    }
-
     void Describe(std::ostream& out) const override
     {
-        Print(out, container);
+        Print(out, this->document);
     }
 
     void WriteJson(CJsonWriter& json) const override
     {
-        json.Value(container);
+        json.Value(this->document);
     }
-
-  private:
-    TContainer container;
 };
 
 template <class TContainer> std::unique_ptr<CAsset> Make()

@@ -111,19 +111,9 @@ void CheckWeights(const CVertex& vertex, CSuspicions& suspicions)
         suspicions.Add("vertices", "the weights do not sum to about 1");
 }
 
-class CEnvelopeAsset : public CAsset
+class CEnvelopeAsset : public TDocumentAsset<CFileFormat_Envelope>
 {
   public:
-    void Load(CFile_Parser& parser) override
-    {
-        document.Load(&parser, nullptr);
-    }
-
-    Result Save(CFile_Saver& saver) override
-    {
-        return document.Save(&saver);
-    }
-
     void Describe(std::ostream& out) const override
     {
         CSuspicions suspicions;
@@ -184,8 +174,6 @@ class CEnvelopeAsset : public CAsset
         out << Count(document.exclusionLists.GetNumItems(), "exclusion list") << " with " << entries
             << (entries == 1 ? " entry" : " entries") << '\n';
     }
-
-    CFileFormat_Envelope document;
 };
 
 constexpr std::string_view Endings[] = {".envascii", ".env"};

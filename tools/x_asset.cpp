@@ -70,19 +70,9 @@ void PrintMesh(std::ostream& out, const CMesh& mesh)
     out << '\n';
 }
 
-class CXAsset : public CAsset
+class CXAsset : public TDocumentAsset<CFileFormat_X>
 {
   public:
-    void Load(CFile_Parser& parser) override
-    {
-        document.Load(&parser, nullptr);
-    }
-
-    Result Save(CFile_Saver& saver) override
-    {
-        return document.Save(&saver);
-    }
-
     void Describe(std::ostream& out) const override
     {
         CSuspicions suspicions;
@@ -102,9 +92,6 @@ class CXAsset : public CAsset
     {
         json.Value(document);
     }
-
-  private:
-    CFileFormat_X document;
 };
 
 constexpr std::string_view Endings[] = {".x"};

@@ -3,7 +3,7 @@
 /// A scene is mostly lists of short lines, each a keyword and numbers, and to copy a line into a buffer of
 /// wide characters costs as much as to read it. So CPlainLines has the operations of CBlockReader, with the
 /// same results, for lines that are plain: ASCII without braces and quotes, numbers in their short forms.
-/// Whatever else a line holds is left to the block reader.
+/// Whatever else a line holds is left to the reader that takes it from the parser.
 #pragma once
 
 #include "core/block_reader.h"
@@ -35,7 +35,7 @@ class CPlainLines
         parser->SetOffset(parser->GetOffset() + static_cast<std::size_t>(read - begin));
     }
 
-    /// Moves to the next line; false when the rest of the text is for the block reader.
+    /// Moves to the next line; false when the rest of the text is for the other reader.
     bool NextLine()
     {
         if (at < end && IsAtGap())

@@ -43,9 +43,7 @@ class CBlockReader
     /// Without memory for a line the block counts as ended.
     explicit CBlockReader(CFile_Parser* newparser, CFile_IOCallback* newcallback = nullptr,
                           std::span<const SKeyword> newenders = {})
-        : parser(newparser), callback(newcallback), enders(newenders),
-          ownbuffer(
-              static_cast<wchar_t*>(ObtainBlock((CFile_Parser::BlockLineCapacity + LongestKeyword) * sizeof(wchar_t)))),
+        : parser(newparser), callback(newcallback), enders(newenders), ownbuffer(parser->TakeLineBuffer()),
           buffer(ownbuffer)
     {
     }
@@ -63,7 +61,8 @@ class CBlockReader
 
     ~CBlockReader()
     {
-        ReleaseBlock(ownbuffer);
+        if (ownbuffer != nullptr)
+            parser->ReturnLineBuffer(ownbuffer);
     }
 
     /// Moves to the block's next line; false once the block or the text has ended.

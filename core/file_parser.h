@@ -123,6 +123,12 @@ class ENGINE_CORE_API CFile_Parser
     /// Number of the line in which the position stands, from 1. Counted when asked for.
     std::size_t GetLineNumber() const;
 
+    /// Lends a buffer for a line to a block reader: room for BlockLineCapacity and LongestKeyword characters. Null
+    /// when there is no memory. One that is given back is kept for the next, until DestroyData: records are many
+    /// and short.
+    wchar_t* TakeLineBuffer();
+    void ReturnLineBuffer(wchar_t* buffer);
+
     /// Tells Log at `level` what is wrong with the line just read, as "file(line): message".
     /// The format is as CFile_Saver::Write has it.
     void Report(unsigned long level, const wchar_t* format, ...);
@@ -177,6 +183,7 @@ class ENGINE_CORE_API CFile_Parser
     bool opensblock = false;
     EEncoding encoding = EEncoding::Utf8;
     int error = 0;
+    wchar_t* sparebuffer = nullptr;        ///< For TakeLineBuffer.
     mutable std::size_t countedoffset = 0; ///< GetLineNumber counts on from here.
     mutable std::size_t countedlines = 0;
     CSys_String filename;

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <utility>
 
 namespace
 {
@@ -325,6 +326,8 @@ Result CFile_Parser::DestroyData()
     ReleaseBlock(ownbytes);
     ownbytes = nullptr;
     blocksize = 0;
+    ReleaseBlock(sparebuffer);
+    sparebuffer = nullptr;
     filename.Clear();
     Adopt(nullptr, 0, 0);
     return 1;
@@ -405,6 +408,18 @@ std::size_t CFile_Parser::GetLineNumber() const
         countedlines -= CountLineEnds(to, countedoffset);
     countedoffset = to;
     return countedlines + 1;
+}
+
+wchar_t* CFile_Parser::TakeLineBuffer()
+{
+    if (sparebuffer != nullptr)
+        return std::exchange(sparebuffer, nullptr);
+    return static_cast<wchar_t*>(ObtainBlock((BlockLineCapacity + LongestKeyword) * sizeof(wchar_t)));
+}
+
+void CFile_Parser::ReturnLineBuffer(wchar_t* buffer)
+{
+    ReleaseBlock(std::exchange(sparebuffer, buffer));
 }
 
 void CFile_Parser::Report(unsigned long level, const wchar_t* format, ...)

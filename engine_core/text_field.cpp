@@ -2,6 +2,7 @@
 
 #include "core/characters.h"
 
+#include <algorithm>
 #include <cwchar>
 
 namespace
@@ -14,6 +15,15 @@ bool IsSafe(const wchar_t* text, std::size_t count, const SCharacter& character)
     if (text[0] < L' ')
         return text[0] == L'\t';
     return static_cast<char32_t>(text[0]) == character.code || (count > 1 && character.size == 2);
+}
+
+/// How many letters from here on are the same in a saved text, and plain ASCII; at most `most`.
+std::size_t CountPlain(const wchar_t* text, std::size_t most)
+{
+    std::size_t count = 0;
+    while (count < most && text[count] >= L' ' && text[count] <= L'~' && text[count] != L'"' && text[count] != L'\\')
+        ++count;
+    return count;
 }
 
 const wchar_t* ScanEscape(const wchar_t* at, CWideOutput& output)
@@ -43,6 +53,12 @@ void SaveTextField(CFile_Saver* saver, const wchar_t* keyword, const wchar_t* te
         CWideOutput line;
         while (i < length && line.GetLength() < MostCharactersPerLine)
         {
+            const std::size_t plain =
+                CountPlain(text + i, std::min(length - i, MostCharactersPerLine - line.GetLength()));
+            line.PutText(text + i, plain);
+            i += plain;
+            if (plain != 0)
+                continue;
             const SCharacter character = DecodeWide(text + i, length - i);
             const wchar_t letter = text[i];
             if (letter == L'"' || letter == L'\\')

@@ -11,6 +11,7 @@
 #include "core/block_reader.h"
 #include "core/block_writer.h"
 #include "core/core_templates.h"
+#include "core/plain_lines.h"
 
 #include <bit>
 #include <type_traits>
@@ -79,17 +80,16 @@ template <class T, unsigned N> class TChannelList : public CFile_IOObject
   private:
     static constexpr SKeyword RawKeyword = L"addbnodes:";
 
-    void LoadNode(CBlockReader& block)
+    /// Takes a node from a line; false when the line is of another kind.
+    template <class TLine> static bool ScanNode(TLine& line, SData& node)
     {
-        block.StripWord();
-        SData* const slot = channelNodes.Add();
-        if (slot == nullptr)
-            return;
-        SData node = {};
-        bool isread = block.Scan(node.key);
+        if (!line.BeginsWith(L"addnode:"))
+            return false;
+        line.StripWord();
+        bool isread = line.Scan(node.key);
         for (T& value : node.value)
-            isread = isread && block.Scan(value);
-        *slot = node;
+            isread = isread && line.Scan(value);
+        return true;
     }
 
     void LoadRawNodes(CBlockReader& block)
@@ -129,12 +129,22 @@ Result TChannelList<T, N>::LoadHelper(CFile_Parser* parser, CFile_IOCallback*)
 {
     static_assert(std::is_same_v<TValue, T> && Count == N, "A list loads nodes of its own kind only.");
     channelNodes.DeleteAll();
+    const auto scan = [](auto& line, SData& node) { return ScanNode(line, node); };
+    const auto keep = [this](const SData& node)
+    {
+        if (SData* const slot = channelNodes.Add())
+            *slot = node;
+    };
     CBlockReader block(parser);
     while (block.NextLine())
-        if (block.BeginsWith(L"addnode:"))
-            LoadNode(block);
+    {
+        SData node = {};
+        if (scan(block, node))
+            keep(node);
         else if (N == 4 && block.BeginsWith(RawKeyword))
             LoadRawNodes(block);
+        ReadPlainEntries<SData>(block, scan, keep);
+    }
     return 1;
 }
 

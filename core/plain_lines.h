@@ -220,3 +220,17 @@ class CPlainLines
     bool isplain = false;
     SGap gap; ///< Lines of a list are indented alike, so it is mostly the same from line to line.
 };
+
+/// Reads the lines behind a block reader's in place, as long as they are entries: `scan` takes an entry from a line
+/// and returns whether it is one, `keep` stores it.
+template <class TEntry, class TScan, class TKeep>
+void ReadPlainEntries(const CBlockReader& block, TScan scan, TKeep keep)
+{
+    for (CPlainLines lines(block); lines.NextLine();)
+    {
+        TEntry entry{};
+        if (!scan(lines, entry) || !lines.EndLine())
+            return;
+        keep(entry);
+    }
+}

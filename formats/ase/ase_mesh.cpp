@@ -17,13 +17,7 @@ template <class TEntry, class TScan, class TKeep> void ReadList(CBlockReader& bl
     {
         if (TEntry entry{}; scan(list, entry))
             keep(entry);
-        for (CPlainLines lines(list); lines.NextLine();)
-        {
-            TEntry entry{};
-            if (!scan(lines, entry) || !lines.EndLine())
-                break;
-            keep(entry);
-        }
+        ReadPlainEntries<TEntry>(list, scan, keep);
     }
 }
 

@@ -1,6 +1,6 @@
 #include "containers/channel_list.h"
 
-#include "tests/support/documents.h"
+#include "tests/support/odd_lines.h"
 
 #include <gtest/gtest.h>
 
@@ -57,6 +57,19 @@ TEST(ChannelList, ReadsLines)
         << "the keyword need not be a word of its own, yet the whole first word is removed";
     EXPECT_EQ(Read<3>("{\naddnode: 1 2 3 4\naddbnodes: 1\naddnode: 5 6 7 8\n}\n"), "1 2 3 4|5 6 7 8|")
         << "three channels have no raw nodes";
+}
+
+TEST(ChannelList, ReadsLinesInPlaceAsLineByLine)
+{
+    for (const char* const entry :
+         {"addnode: @ 1 0.5 -2 3", "\taddnode: 1 0.5 2 @", "addnode:@ 1 2 3 4 5", "addnodes 1 2 3 4 @"})
+        for (const std::string& oddity : GetOddities())
+            for (const char* const behind : {"", "addnode: 7 7 7 7 7\n}\naddnode: 9 9 9 9 9\n"})
+            {
+                const std::string text = "{\naddnode: 1 2 3 4 5\n" + WriteOddLines(entry, oddity) + behind;
+                EXPECT_TRUE(IsReadInPlaceAsLineByLine(text, Read<3>));
+                EXPECT_TRUE(IsReadInPlaceAsLineByLine(text, Read<4>));
+            }
 }
 
 TEST(RawNodes, ReplaceThoseBeforeAndGoOnBehind)

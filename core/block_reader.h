@@ -16,7 +16,6 @@
 #include "core/file_parser.h"
 #include "core/math_color.h"
 #include "core/math_vector3.h"
-#include "core/memory_manager.h"
 #include "core/numbers.h"
 #include "core/sys_string.h"
 #include "core/word_helpers.h"
@@ -61,6 +60,7 @@ class CBlockReader
 
     ~CBlockReader()
     {
+        // A reader inside another's block has none of its own, nor has one without memory.
         if (ownbuffer != nullptr)
             parser->ReturnLineBuffer(ownbuffer);
     }

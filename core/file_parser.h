@@ -20,9 +20,9 @@
 ///         that is "}" alone closes one. No other brace counts.
 /// Position: an offset in bytes. After a line it stands at the line's end, before the characters
 ///         that end it; the next call skips them.
-/// Memory: a large file is read piece by piece while its lines are taken, and stays open until DestroyData, another
-///         text or the end of the parser. Only the
-///         piece around the position is in memory, and the whole of a line.
+/// Memory: a large file is read piece by piece while its lines are taken, and stays open until DestroyData,
+///         another text or the end of the parser. Only the piece around the position is in memory, and the
+///         whole of a line.
 /// Owns:   its bytes, unless Open was told to use the caller's. Not for copying.
 class ENGINE_CORE_API CFile_Parser
 {
@@ -123,8 +123,9 @@ class ENGINE_CORE_API CFile_Parser
     /// Number of the line in which the position stands, from 1. Counted when asked for.
     std::size_t GetLineNumber() const;
 
-    /// Lends a buffer for a line to a block reader: room for BlockLineCapacity and LongestKeyword characters. Null
-    /// when there is no memory. One that is given back is kept for the next, until DestroyData: records are many
+    /// TakeLineBuffer hands out a buffer for a line, with room for BlockLineCapacity and LongestKeyword characters,
+    /// whose contents are undefined; null when there is no memory. It is the taker's until ReturnLineBuffer takes
+    /// it back. The last one given back is kept for the next taker, until DestroyData: records are many
     /// and short.
     wchar_t* TakeLineBuffer();
     void ReturnLineBuffer(wchar_t* buffer);

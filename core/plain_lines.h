@@ -10,8 +10,8 @@
 
 /// The lines that follow the one a reader stands on, as long as they are plain.
 ///
-/// An operation that meets something else returns false, as EndLine then does too: what was read from a
-/// line counts only when EndLine has returned true.
+/// A number or word that is something else makes its operation return false, and EndLine then too. What was read
+/// from a line counts only when EndLine has returned true.
 class CPlainLines
 {
   public:
